@@ -1,0 +1,13 @@
+// The property page "Properties" of the component.
+#pragma once
+
+#include <memory>
+
+#include "../core/objects.h"
+
+namespace zv {
+
+// Creates the page and its controls; PropertyPage_Initialize runs.
+std::unique_ptr<PageObject> createPropertiesPage();
+
+} // namespace zv

@@ -1,0 +1,28 @@
+#include "library.h"
+
+#include <dlfcn.h>
+
+#include <filesystem>
+
+namespace zv {
+
+LibraryFacts libraryFactsOf(const void* addressInLibrary) {
+  LibraryFacts facts;
+  Dl_info info{};
+  if (dladdr(addressInLibrary, &info) && info.dli_fname) {
+    std::filesystem::path file = std::filesystem::absolute(info.dli_fname).lexically_normal();
+    facts.folder = file.parent_path().string();
+    facts.baseName = file.stem().string();
+  }
+  return facts;
+}
+
+std::string joinPath(const std::string& folder, const std::string& name) {
+  if (folder.empty())
+    return name;
+  if (folder.back() == '/')
+    return folder + name;
+  return folder + "/" + name;
+}
+
+} // namespace zv

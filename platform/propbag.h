@@ -1,0 +1,27 @@
+// The container's property bag: named Variants kept in the order written.
+// Names are matched without regard to case, as the container does.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "variant.h"
+
+namespace zv {
+
+class PropertyBag {
+public:
+  // The stored value, or defaultValue when the bag has no such name.
+  Variant ReadProperty(const std::string& name, const Variant& defaultValue) const;
+  // Stores (or replaces, keeping its place) the value under the name.
+  void WriteProperty(const std::string& name, const Variant& value);
+
+  const std::vector<std::pair<std::string, Variant>>& entries() const { return entries_; }
+  void clear() { entries_.clear(); }
+
+private:
+  std::vector<std::pair<std::string, Variant>> entries_;
+};
+
+} // namespace zv

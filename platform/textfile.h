@@ -1,0 +1,36 @@
+// Files as the component sees them: an existence test and a sequential read
+// by lines. Lines end in CR LF or a lone CR; a lone LF ends no line and stays
+// in the line's text. The reader is a move-only owner: open or visibly closed.
+#pragma once
+
+#include <cstdio>
+#include <string>
+
+namespace zv {
+
+// True when a regular file exists at path (a folder is no file).
+bool fileExists(const std::string& path);
+
+class LineReader {
+public:
+  LineReader() = default;
+  // Raises 53 (file not found) or 75 (path/file access) when it can't open.
+  explicit LineReader(const std::string& path);
+  LineReader(LineReader&& other) noexcept;
+  LineReader& operator=(LineReader&& other) noexcept;
+  LineReader(const LineReader&) = delete;
+  LineReader& operator=(const LineReader&) = delete;
+  ~LineReader();
+
+  bool isOpen() const { return file_ != nullptr; }
+  bool eof();
+  // The next line without its line end; raises 62-style errors past the end.
+  std::string readLine();
+  void close();
+
+private:
+  int peek();
+  std::FILE* file_ = nullptr;
+};
+
+} // namespace zv
