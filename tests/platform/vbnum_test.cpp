@@ -1,0 +1,167 @@
+#include "platform/vbnum.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+
+#include "platform/errors.h"
+
+namespace zv {
+namespace {
+
+int errorOf(const std::function<void()>& f) {
+  try {
+    f();
+  } catch (const RuntimeError& e) {
+    return e.number();
+  }
+  return 0;
+}
+
+TEST(CheckedArithmetic, OverflowRaisesSixAtTheEdgesOfTheRange) {
+  EXPECT_EQ(add16(32766, 1), 32767);
+  EXPECT_EQ(errorOf([] { add16(32767, 1); }), errOverflow);
+  EXPECT_EQ(sub16(-32767, 1), -32768);
+  EXPECT_EQ(errorOf([] { sub16(-32768, 1); }), errOverflow);
+  EXPECT_EQ(mul16(-256, 128), -32768);
+  EXPECT_EQ(errorOf([] { mul16(256, 128); }), errOverflow);
+  EXPECT_EQ(errorOf([] { narrow16(40000); }), errOverflow);
+  EXPECT_EQ(add32(2147483646, 1), 2147483647);
+  EXPECT_EQ(errorOf([] { add32(2147483647, 1); }), errOverflow);
+  EXPECT_EQ(errorOf([] { sub32(-2147483647 - 1, 1); }), errOverflow);
+  EXPECT_EQ(errorOf([] { mul32(65536, 32768); }), errOverflow);
+  EXPECT_EQ(errorOf([] { mul32(std::numeric_limits<int64_t>::max(), 2); }), errOverflow);
+  EXPECT_EQ(mul32(-65536, 32768), std::numeric_limits<int32_t>::min());
+}
+
+TEST(Rounding, TiesGoToTheEvenNeighbour) {
+  const struct {
+    double in, out;
+  } rows[] = {{0.5, 0},     {1.5, 2},    {2.5, 2},    {-1.5, -2}, {-2.5, -2},
+              {242.5, 242}, {2.4999, 2}, {2.5001, 3}, {-0.4, 0},  {1e15 + 1, 1e15 + 1}};
+  for (auto r : rows)
+    EXPECT_EQ(roundHalfEven(r.in), r.out) << r.in;
+}
+
+TEST(Rounding, IntegerConversionsCheckTheRangeAfterRounding) {
+  EXPECT_EQ(cint(32767.4), 32767);
+  EXPECT_EQ(cint(-32768.5), -32768);
+  EXPECT_EQ(errorOf([] { cint(32767.5); }), errOverflow);
+  EXPECT_EQ(clng(2147483647.4), 2147483647);
+  EXPECT_EQ(errorOf([] { clng(2147483647.5); }), errOverflow);
+  EXPECT_EQ(cbyte(-0.4), 0);
+  EXPECT_EQ(cbyte(-0.5), 0);
+  EXPECT_EQ(cbyte(254.5), 254);
+  EXPECT_EQ(errorOf([] { cbyte(255.5); }), errOverflow);
+  EXPECT_EQ(errorOf([] { cbyte(-0.6); }), errOverflow);
+  EXPECT_EQ(errorOf([] { cint(std::nan("")); }), errOverflow);
+}
+
+TEST(TextToNumber, ReadsTheForms) {
+  const struct {
+    const char* text;
+    double value;
+  } rows[] = {
+      {"12", 12},    {"  12  ", 12},  {"-12", -12},   {"+12", 12},        {"12-", -12},
+      {"(12)", -12}, {"1,234", 1234}, {"$5", 5},      {"-$5", -5},        {"1.5", 1.5},
+      {".5", 0.5},   {"5.", 5},       {"1e3", 1000},  {"1.5E-2", 0.015},  {"&H10", 16},
+      {"&hff", 255}, {"&O17", 15},    {"&HFFFF", -1}, {"&H10000", 65536}, {"\t7\t", 7},
+      {"- 3", -3},   {"007", 7},
+  };
+  for (auto r : rows)
+    EXPECT_DOUBLE_EQ(textToNumber(r.text), r.value) << r.text;
+}
+
+TEST(TextToNumber, RejectsTextsThatAreNotWhollyANumber) {
+  for (const char* text : {"", "  ", "abc", "12abc", "0x10", "1e", ".", "-", "1.2.3", "&H", "&HG",
+                           "&O8", "1 2", ",1", "--1", "(1", "True"})
+    EXPECT_EQ(errorOf([&] { textToNumber(text); }), errTypeMismatch) << '"' << text << '"';
+  EXPECT_EQ(errorOf([] { textToNumber("1e999"); }), errOverflow);
+}
+
+TEST(TextToBool, WordsInAnyCaseElseTheNumber) {
+  EXPECT_TRUE(textToBool("True"));
+  EXPECT_TRUE(textToBool("tRUE"));
+  EXPECT_FALSE(textToBool("FALSE"));
+  EXPECT_TRUE(textToBool("-1"));
+  EXPECT_TRUE(textToBool("0.5"));
+  EXPECT_FALSE(textToBool(" 0 "));
+  for (const char* text : {"Yes", " True", "On", ""})
+    EXPECT_EQ(errorOf([&] { textToBool(text); }), errTypeMismatch) << text;
+}
+
+TEST(ReadNumber, PlainDecimalFormsOnly) {
+  const struct {
+    const char* text;
+    std::optional<double> value;
+  } rows[] = {
+      {"07", 7},
+      {"12.5", 12.5},
+      {" 3 ", 3},
+      {"-0.1", -0.1},
+      {"255.4", 255.4},
+      {"+4", 4},
+      {"1e2", 100},
+      {"2.5E-1", 0.25},
+      {".5", 0.5},
+      {"-", std::nullopt},
+      {".", std::nullopt},
+      {"", std::nullopt},
+      {"abc", std::nullopt},
+      {"1e", std::nullopt},
+      {"&H10", std::nullopt},
+      {"1,000", std::nullopt},
+      {"3-", std::nullopt},
+      {"1 2", std::nullopt},
+  };
+  for (auto r : rows)
+    EXPECT_EQ(readNumber(r.text), r.value) << '"' << r.text << '"';
+}
+
+TEST(VariantConversion, EachTypeToEachTarget) {
+  EXPECT_EQ(toI2(Variant::str(" 12.5 ")), 12);
+  EXPECT_EQ(toI2(Variant::boolean(true)), -1);
+  EXPECT_EQ(toI2(Variant()), 0);
+  EXPECT_EQ(errorOf([] { toI2(Variant::i4(40000)); }), errOverflow);
+  EXPECT_EQ(toI4(Variant::r8(-2.5)), -2);
+  EXPECT_EQ(toUI1(Variant::r4(254.5f)), 254);
+  EXPECT_EQ(errorOf([] { toUI1(Variant::i2(-1)); }), errOverflow);
+  EXPECT_TRUE(toBool(Variant::str("true")));
+  EXPECT_TRUE(toBool(Variant::r8(0.1)));
+  EXPECT_FALSE(toBool(Variant::i4(0)));
+  EXPECT_FALSE(toBool(Variant()));
+  EXPECT_EQ(toR8(Variant::boolean(true)), -1.0);
+  EXPECT_EQ(toR8(Variant::str("&H10")), 16.0);
+  EXPECT_EQ(errorOf([] { toR4(Variant::r8(1e39)); }), errOverflow);
+  EXPECT_EQ(toStr(Variant::boolean(false)), "False");
+  EXPECT_EQ(toStr(Variant::i2(-7)), "-7");
+  EXPECT_EQ(toStr(Variant::r8(0.1)), "0.1");
+  EXPECT_EQ(toStr(Variant()), "");
+  EXPECT_EQ(errorOf([] { toI4(Variant::str("12abc")); }), errTypeMismatch);
+}
+
+TEST(VariantConversion, ArraysAreATypeMismatch) {
+  Variant a = Variant::array(SafeArray(VarType::I2, 0, 1));
+  for (auto f : std::initializer_list<std::function<void()>>{
+           [&] { toI2(a); }, [&] { toI4(a); }, [&] { toUI1(a); }, [&] { toBool(a); },
+           [&] { toR8(a); }, [&] { toStr(a); }, [&] { convertTo(a, VarType::I4); }})
+    EXPECT_EQ(errorOf(f), errTypeMismatch);
+  EXPECT_EQ(convertTo(a, VarType::Variant), a);
+}
+
+TEST(VariantConversion, EmptyConvertsToTheZeroOfEachType) {
+  EXPECT_EQ(convertTo(Variant(), VarType::I2), Variant::i2(0));
+  EXPECT_EQ(convertTo(Variant(), VarType::Bool), Variant::boolean(false));
+  EXPECT_EQ(convertTo(Variant(), VarType::BSTR), Variant::str(""));
+  EXPECT_EQ(convertTo(Variant(), VarType::R4), Variant::r4(0));
+  EXPECT_EQ(convertTo(Variant::str("-1"), VarType::Bool), Variant::boolean(true));
+  SafeArray bools(VarType::Bool, 1, 2);
+  bools.set(2, Variant::str("True"));
+  EXPECT_EQ(bools.at(1), Variant::boolean(false));
+  EXPECT_EQ(bools.at(2).rawBool(), -1);
+}
+
+} // namespace
+} // namespace zv
