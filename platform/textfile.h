@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdio>
+#include <memory>
 #include <string>
 
 namespace zv {
@@ -29,8 +30,12 @@ public:
   void close();
 
 private:
-  int peek();
+  // Refills the block buffer; false at the end of the file.
+  bool fill();
   std::FILE* file_ = nullptr;
+  std::unique_ptr<char[]> buffer_;
+  size_t pos_ = 0;
+  size_t len_ = 0;
 };
 
 } // namespace zv
