@@ -1,24 +1,80 @@
+// The two readers of the code file: one key through the profile function, and
+// one marked block by a line scan. Each catches the platform's errors itself.
+#include "../../platform/msgbox.h"
+#include "../../platform/profile.h"
+#include "../../platform/textfile.h"
 #include "../core/pwm.h"
-
-#include "../../platform/errors.h"
-#include "../core/guard.h"
 
 namespace zv {
 
-std::string PWM::codeFilePath() const {
-  raise(errInvalidCall, "not built yet");
+namespace {
+
+constexpr uint32_t kKeyBufferSize = 255;
+
+// A missing file is reported and the read goes on, so the caller gets its default.
+void reportIfMissing(const std::string& path) {
+  if (!fileExists(path))
+    msgBox("Error - cannot find C code file:\r\n\r\n" + path);
 }
 
-std::string PWM::GetIniKeyValue(std::string& lpApplicationName, std::string& lpKeyName, std::string& lpDefault) {
-  (void)lpApplicationName;
-  (void)lpKeyName;
-  (void)lpDefault;
-  raise(errInvalidCall, "not built yet");
+} // namespace
+
+std::string PWM::codeFilePath() const {
+  return joinPath(App.folder, sCodeFilename);
+}
+
+std::string PWM::GetIniKeyValue(std::string& lpApplicationName, std::string& lpKeyName,
+                                std::string& lpDefault) {
+  try {
+    const std::string path = codeFilePath();
+    reportIfMissing(path);
+    std::string buffer(kKeyBufferSize, ' ');
+    const uint32_t n = getPrivateProfileString(lpApplicationName, lpKeyName, lpDefault, buffer,
+                                               kKeyBufferSize, path);
+    return buffer.substr(0, n);
+  } catch (const RuntimeError& e) {
+    msgBox(e.description());
+    return {};
+  }
 }
 
 std::string PWM::GetCodeFromFile(std::string& lpCodeName) {
-  (void)lpCodeName;
-  raise(errInvalidCall, "not built yet");
+  try {
+    const std::string path = codeFilePath();
+    reportIfMissing(path);
+    const std::string startMarker = "/*" + lpCodeName + "_Start*/";
+    const std::string endMarker = "/*" + lpCodeName + "_End*/";
+    bool inBlock = false;
+    bool startSeen = false;
+    bool endSeen = false;
+    std::string text;
+
+    // The scan runs to the end of the file: blocks of one name add up.
+    LineReader file(path);
+    while (!file.eof()) {
+      const std::string line = file.readLine();
+      if (inBlock) {
+        if (line == endMarker) {
+          endSeen = true;
+          inBlock = false;
+        } else {
+          text += line;
+          text += '\n';
+        }
+      } else if (line == startMarker) {
+        startSeen = true;
+        inBlock = true;
+      }
+    }
+    file.close();
+
+    if (!startSeen || !endSeen)
+      text = "//Error Reading Code For " + sDescription + "::" + lpCodeName + "\r\n";
+    return text;
+  } catch (const RuntimeError& e) {
+    msgBox(e.description());
+    return {};
+  }
 }
 
 } // namespace zv

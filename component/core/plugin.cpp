@@ -30,7 +30,9 @@ zv::ComponentObject* zelvor_create_component(const char* folder, const char* bas
   return made;
 }
 
-void zelvor_destroy_component(zv::ComponentObject* component) { delete component; }
+void zelvor_destroy_component(zv::ComponentObject* component) {
+  delete component;
+}
 
 zv::PageObject* zelvor_create_page(zv::Status* status) {
   zv::PageObject* made = nullptr;
@@ -40,4 +42,6 @@ zv::PageObject* zelvor_create_page(zv::Status* status) {
   return made;
 }
 
-void zelvor_destroy_page(zv::PageObject* page) { delete page; }
+void zelvor_destroy_page(zv::PageObject* page) {
+  delete page;
+}

@@ -1,18 +1,37 @@
-#include "../core/pwm.h"
-
-#include "../../platform/errors.h"
+// What the target offers: three numbers from the host's device file, and the
+// clock the host tells. None of them is saved; the host delivers them anew.
+#include "../../platform/profile.h"
+#include "../../platform/vbnum.h"
 #include "../core/guard.h"
+#include "../core/pwm.h"
 
 namespace zv {
 
+namespace {
+
+int16_t deviceNumber(const char* key, const std::string& path) {
+  return narrow16(getPrivateProfileInt("Device", key, 0, path));
+}
+
+} // namespace
+
 Status PWM::put_ZvdFilename(const std::string& RHS) {
-  (void)RHS;
-  return guard([&] { raise(errInvalidCall, "not built yet"); });
+  return guard([&] {
+    iPwmCount = deviceNumber("PWMCount", RHS);
+    iHasAltPin = deviceNumber("HasAltPWM", RHS);
+    iClockDivider = deviceNumber("ClockDivider", RHS);
+    doRefresh();
+  });
 }
 
 Status PWM::put_ClockSpeed(int32_t RHS) {
-  (void)RHS;
-  return guard([&] { raise(errInvalidCall, "not built yet"); });
+  return guard([&] {
+    lClockSpeed = RHS;
+    if (RHS == 0)
+      raise(errDivisionByZero);
+    fTickPeriod = static_cast<float>(1.0 / static_cast<double>(RHS));
+    Calc_Period_Freq();
+  });
 }
 
 } // namespace zv

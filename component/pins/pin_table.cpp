@@ -1,101 +1,144 @@
-#include "../core/pwm.h"
-
-#include "../../platform/errors.h"
+// The pin table: the pins the component asks the host for, and the ports and
+// bits the host assigns them. Ids are slot indexes of aPins.
+#include "../codefile/key_values.h"
+#include "../core/counted_loop.h"
 #include "../core/guard.h"
+#include "../core/pwm.h"
+#include "pin_slot.h"
 
 namespace zv {
 
+namespace {
+
+// Beyond this many slots the table can't be allocated.
+constexpr int32_t kMaxPinSlots = 1 << 20;
+
+} // namespace
+
 void PWM::buildPinTable() {
-  raise(errInvalidCall, "not built yet");
+  std::string section = "Pins", key = "Count", fallback = "0";
+  lPinCount = longOfKey(GetIniKeyValue(section, key, fallback));
+  // A positive count leaves its slots empty (per-pin operations on them fail with 91);
+  // a negative one has no slots to allocate and fails like an array ending before its start.
+  if (lPinCount < 0)
+    raise(errSubscript);
+  if (lPinCount >= kMaxPinSlots)
+    raise(7);
+  aPins.redim(0, lPinCount);
+  if (lPinCount == 0) {
+    int32_t slot = 0, port = 0, samePortAs = -1, bit = 0, direction = 2;
+    int16_t portMandatory = 0, bitMandatory = 0, value = 0;
+    std::string name = "Pin A0";
+    setupAPin(slot, name, port, portMandatory, samePortAs, bit, bitMandatory, direction, value);
+  }
 }
 
-void PWM::setupAPin(int32_t& ArrayNumber, std::string& PinName, int32_t& PortAorB, int16_t& MustUseThatPort, int32_t& SamePortAsPinX, int32_t& PinNum, int16_t& MustUseThatPin, int32_t& PinDirection, int16_t& PinValue) {
-  (void)ArrayNumber;
-  (void)PinName;
-  (void)PortAorB;
-  (void)MustUseThatPort;
-  (void)SamePortAsPinX;
-  (void)PinNum;
-  (void)MustUseThatPin;
-  (void)PinDirection;
-  (void)PinValue;
-  raise(errInvalidCall, "not built yet");
+void PWM::setupAPin(int32_t& ArrayNumber, std::string& PinName, int32_t& PortAorB,
+                    int16_t& MustUseThatPort, int32_t& SamePortAsPinX, int32_t& PinNum,
+                    int16_t& MustUseThatPin, int32_t& PinDirection, int16_t& PinValue) {
+  auto& slot = aPins[ArrayNumber];
+  slot = std::make_unique<ZVPin>();
+  slot->PinName = PinName;
+  slot->DesiredPort = PortAorB;
+  slot->PortMandatory = MustUseThatPort;
+  slot->SamePortAsID = SamePortAsPinX;
+  slot->DesiredBit = PinNum;
+  slot->BitMandatory = MustUseThatPin;
+  slot->Direction = PinDirection;
+  slot->SimValue = PinValue;
+  slot->Port = -1;
+  slot->Bit = -1;
 }
 
 Status PWM::get_PinCount(int32_t& result) {
-  (void)result;
-  return guard([&] { raise(errInvalidCall, "not built yet"); });
+  return guard([&] { result = lPinCount; });
 }
 
 Status PWM::get_PinName(int32_t PinID, std::string& result) {
-  (void)PinID;
-  (void)result;
-  return guard([&] { raise(errInvalidCall, "not built yet"); });
+  return guard([&] {
+    const ZVPin* pin = pinInTable(aPins, PinID);
+    result = pin ? pin->PinName : std::string();
+  });
 }
 
 Status PWM::get_DesiredPort(int32_t PinID, int32_t& result) {
-  (void)PinID;
-  (void)result;
-  return guard([&] { raise(errInvalidCall, "not built yet"); });
+  // The one pin operation without a range test: an id outside the table fails (9).
+  return guard([&] { result = pinRecord(aPins, PinID).DesiredPort; });
 }
 
 Status PWM::get_Direction(int32_t PinID, int32_t& result) {
-  (void)PinID;
-  (void)result;
-  return guard([&] { raise(errInvalidCall, "not built yet"); });
+  return guard([&] {
+    const ZVPin* pin = pinInTable(aPins, PinID);
+    result = pin ? pin->Direction : 0;
+  });
 }
 
 Status PWM::get_PortMandatory(int32_t PinID, int32_t& result) {
-  (void)PinID;
-  (void)result;
-  return guard([&] { raise(errInvalidCall, "not built yet"); });
+  return guard([&] {
+    const ZVPin* pin = pinInTable(aPins, PinID);
+    result = pin ? pin->PortMandatory : 0;
+  });
 }
 
 Status PWM::get_SamePortAsID(int32_t PinID, int32_t& result) {
-  (void)PinID;
-  (void)result;
-  return guard([&] { raise(errInvalidCall, "not built yet"); });
+  return guard([&] {
+    const ZVPin* pin = pinInTable(aPins, PinID);
+    result = pin ? pin->SamePortAsID : 0;
+  });
 }
 
 Status PWM::get_DesiredBit(int32_t PinID, int32_t& result) {
-  (void)PinID;
-  (void)result;
-  return guard([&] { raise(errInvalidCall, "not built yet"); });
+  return guard([&] {
+    const ZVPin* pin = pinInTable(aPins, PinID);
+    result = pin ? pin->DesiredBit : 0;
+  });
 }
 
 Status PWM::get_BitMandatory(int32_t PinID, int32_t& result) {
-  (void)PinID;
-  (void)result;
-  return guard([&] { raise(errInvalidCall, "not built yet"); });
+  return guard([&] {
+    const ZVPin* pin = pinInTable(aPins, PinID);
+    result = pin ? pin->BitMandatory : 0;
+  });
 }
 
 Status PWM::get_Port(int32_t PinID, int32_t& result) {
-  (void)PinID;
-  (void)result;
-  return guard([&] { raise(errInvalidCall, "not built yet"); });
+  return guard([&] {
+    const ZVPin* pin = pinInTable(aPins, PinID);
+    result = pin ? pin->Port : 0;
+  });
 }
 
 Status PWM::put_Port(int32_t PinID, int32_t RHS) {
-  (void)PinID;
-  (void)RHS;
-  return guard([&] { raise(errInvalidCall, "not built yet"); });
+  return guard([&] {
+    if (ZVPin* pin = pinInTable(aPins, PinID))
+      pin->Port = RHS;
+  });
 }
 
 Status PWM::get_Bit(int32_t PinID, int32_t& result) {
-  (void)PinID;
-  (void)result;
-  return guard([&] { raise(errInvalidCall, "not built yet"); });
+  return guard([&] {
+    const ZVPin* pin = pinInTable(aPins, PinID);
+    result = pin ? pin->Bit : 0;
+  });
 }
 
 Status PWM::put_Bit(int32_t PinID, int32_t RHS) {
-  (void)PinID;
-  (void)RHS;
-  return guard([&] { raise(errInvalidCall, "not built yet"); });
+  return guard([&] {
+    if (ZVPin* pin = pinInTable(aPins, PinID))
+      pin->Bit = RHS;
+  });
 }
 
 Status PWM::get_ConnectedOK(int32_t& result) {
-  (void)result;
-  return guard([&] { raise(errInvalidCall, "not built yet"); });
+  return guard([&] {
+    int32_t answer = -1;
+    countedLoop16(aPins.lbound(), aPins.ubound(), [&](int16_t i) {
+      const ZVPin& pin = pinRecord(aPins, i);
+      if (pin.Port == -1 || pin.Bit == -1)
+        answer = 0;
+    });
+    result = answer;
+  });
 }
 
 } // namespace zv
