@@ -1,0 +1,223 @@
+#include <gtest/gtest.h>
+
+#include "fixture.h"
+#include "platform/errors.h"
+
+namespace {
+
+using zv::Variant;
+using zvtest::SimObject;
+
+Variant params(std::vector<Variant> items) {
+  zv::SafeArray a(zv::VarType::Variant, 0, static_cast<int32_t>(items.size()) - 1);
+  for (size_t i = 0; i < items.size(); ++i)
+    a.set(static_cast<int32_t>(i), items[i]);
+  return Variant::array(std::move(a));
+}
+
+Variant ints(std::initializer_list<int32_t> values) {
+  std::vector<Variant> items;
+  for (int32_t v : values)
+    items.push_back(Variant::i4(v));
+  return params(items);
+}
+
+struct Call {
+  zv::Status status;
+  int32_t retVal = 77;
+  Variant affected = Variant::str("kept");
+  int32_t cycles = 99;
+};
+
+Call call(zv::PWM& p, int32_t id, const Variant& vParams) {
+  Call c;
+  c.status = p.SimMacroCall(id, vParams, c.retVal, c.affected, c.cycles);
+  return c;
+}
+
+struct State {
+  int16_t on0, on1, duty0, duty1, pr2, prescaler;
+  bool operator==(const State&) const = default;
+};
+
+State stateOf(const zv::PWM& p) {
+  return {p.aChannelOn[0], p.aChannelOn[1], p.aDuty[0], p.aDuty[1], p.iPr2, p.iPrescaler};
+}
+
+TEST(SimMacros, EachMacroChangesItsStateAndAnswersZero) {
+  struct Case {
+    const char* what;
+    int16_t pwmCount;
+    int32_t id;
+    std::initializer_list<int32_t> args;
+    State after; // from on 0/0, duty 10/20, pr2 255, prescaler 1
+  } cases[] = {
+      {"enable 1", 2, 0, {1}, {-1, 0, 10, 20, 255, 1}},
+      {"enable 2", 2, 0, {2}, {0, -1, 10, 20, 255, 1}},
+      {"enable 2 on one channel", 1, 0, {2}, {0, 0, 10, 20, 255, 1}},
+      {"enable 1 without channels", 0, 0, {1}, {0, 0, 10, 20, 255, 1}},
+      {"enable 3", 2, 0, {3}, {0, 0, 10, 20, 255, 1}},
+      {"duty 1", 2, 2, {1, 128}, {0, 0, 128, 20, 255, 1}},
+      {"duty 2", 2, 2, {2, 255}, {0, 0, 10, 255, 255, 1}},
+      {"duty 2 on one channel", 1, 2, {2, 5}, {0, 0, 10, 20, 255, 1}},
+      {"period clk/64", 2, 3, {99, 3}, {0, 0, 10, 20, 99, 64}},
+      {"period external", 2, 3, {7, 7}, {0, 0, 10, 20, 7, -3}},
+      {"period code 8", 2, 3, {0, 8}, {0, 0, 10, 20, 0, 1}},
+      {"high/low 1:0", 2, 4, {1, 1, 0}, {0, 0, 64, 20, 255, 1}},
+      {"high/low 7:0", 2, 4, {2, 7, 0}, {0, 0, 10, 192, 255, 1}},
+      {"high/low 0:3", 2, 4, {1, 0, 3}, {0, 0, 0, 20, 255, 1}},
+      {"high/low 3:255", 2, 4, {1, 3, 255}, {0, 0, 255, 20, 255, 1}},
+      {"high/low negative high", 2, 4, {1, -1, 4}, {0, 0, 193, 20, 255, 1}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    SimObject o(5, c.pwmCount);
+    zv::PWM& p = *o.pwm;
+    p.aDuty[0] = 10;
+    p.aDuty[1] = 20;
+    const Call r = call(p, c.id, ints(c.args));
+    ASSERT_TRUE(r.status.ok()) << r.status.description;
+    EXPECT_EQ(stateOf(p), c.after);
+    EXPECT_EQ(r.retVal, 0);
+    EXPECT_EQ(r.affected, Variant::str("kept"));
+    EXPECT_EQ(r.cycles, 99);
+  }
+}
+
+TEST(SimMacros, DisableClearsOnlyItsChannel) {
+  SimObject o;
+  zv::PWM& p = *o.pwm;
+  p.aChannelOn[0] = -1;
+  p.aChannelOn[1] = -1;
+  ASSERT_TRUE(call(p, 1, ints({2})).status.ok());
+  EXPECT_EQ(p.aChannelOn[0], -1);
+  EXPECT_EQ(p.aChannelOn[1], 0);
+}
+
+TEST(SimMacros, ChangePeriodRecomputesThePeriod) {
+  SimObject o;
+  zv::PWM& p = *o.pwm;
+  p.fTickPeriod = 1.0f / 8000000;
+  p.iPrescaler = 8;
+  ASSERT_TRUE(call(p, 3, ints({99, 9})).status.ok());
+  EXPECT_EQ(p.iPrescaler, 8);
+  EXPECT_NEAR(p.fPeriod, 200.0f, 0.01f);
+  ASSERT_TRUE(call(p, 3, ints({99, 0})).status.ok());
+  EXPECT_EQ(p.fPeriod, 0.0f);
+}
+
+TEST(SimMacros, NumbersOutsideTheTableDoNothing) {
+  struct Case {
+    int macroCount;
+    int32_t id;
+  } cases[] = {{6, 5}, {5, -1}, {5, 5}, {3, 3}, {3, 4}};
+  for (const Case& c : cases) {
+    SimObject o(c.macroCount);
+    zv::PWM& p = *o.pwm;
+    p.aMacros.redim(0, c.macroCount - 1); // as the table build leaves it
+    p.Pic_Graph0.Print("before");
+    const auto ops = p.Pic_Graph0.ops().size();
+    const Call r = call(p, c.id, ints({1, 1, 1}));
+    EXPECT_TRUE(r.status.ok());
+    EXPECT_EQ(r.retVal, 77) << c.id;
+    EXPECT_EQ(stateOf(p), (State{0, 0, 0, 0, 255, 1}));
+    EXPECT_EQ(p.Pic_Graph0.ops().size(), ops) << "redrawn";
+  }
+}
+
+TEST(SimMacros, WithoutAMacroTableEveryCallFails) {
+  SimObject o;
+  o.pwm->aMacros.erase();
+  const Call r = call(*o.pwm, 0, ints({1}));
+  EXPECT_EQ(r.status.number, zv::errSubscript);
+  EXPECT_EQ(r.retVal, 77);
+  EXPECT_EQ(o.pwm->aChannelOn[0], 0);
+}
+
+TEST(SimMacros, BadParametersFailBeforeAnyChange) {
+  struct Case {
+    const char* what;
+    int32_t id;
+    Variant vParams;
+    int number;
+  } cases[] = {
+      {"no array", 0, Variant::i2(1), zv::errTypeMismatch},
+      {"empty", 2, Variant(), zv::errTypeMismatch},
+      {"missing duty", 2, ints({1}), zv::errSubscript},
+      {"duty 256", 2, ints({1, 256}), zv::errOverflow},
+      {"channel -1", 0, ints({-1}), zv::errOverflow},
+      {"text channel", 0, params({Variant::str("one")}), zv::errTypeMismatch},
+      {"period 300", 3, ints({300, 1}), zv::errOverflow},
+      {"code after a good period", 3, ints({10, 256}), zv::errOverflow},
+      {"low part 256", 4, ints({1, 0, 256}), zv::errOverflow},
+      {"high part too big", 4, params({Variant::i4(1), Variant::r8(1e10), Variant::i4(0)}),
+       zv::errOverflow},
+      {"high part text", 4, params({Variant::i4(1), Variant::str("x"), Variant::i4(0)}),
+       zv::errTypeMismatch},
+      {"duty after a good channel", 2, params({Variant::i4(1), Variant::str("")}),
+       zv::errTypeMismatch},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    SimObject o;
+    zv::PWM& p = *o.pwm;
+    p.Pic_Graph0.Print("before");
+    const auto ops = p.Pic_Graph0.ops().size();
+    const Call r = call(p, c.id, c.vParams);
+    EXPECT_EQ(r.status.number, c.number);
+    EXPECT_EQ(r.retVal, 77);
+    EXPECT_EQ(stateOf(p), (State{0, 0, 0, 0, 255, 1}));
+    EXPECT_EQ(p.Pic_Graph0.ops().size(), ops) << "redrawn";
+  }
+}
+
+TEST(SimMacros, HighPartIsRoundedBeforeTheMask) {
+  SimObject o;
+  zv::PWM& p = *o.pwm;
+  // 2.5 rounds to 2 (half to even), and "5" reads as 5, of which 1 counts.
+  ASSERT_TRUE(call(p, 4, params({Variant::i4(1), Variant::r8(2.5), Variant::i4(8)})).status.ok());
+  EXPECT_EQ(p.aDuty[0], 130);
+  ASSERT_TRUE(call(p, 4, params({Variant::i4(1), Variant::str("5"), Variant::i4(0)})).status.ok());
+  EXPECT_EQ(p.aDuty[0], 64);
+}
+
+TEST(SimMacros, SecondFormOnlyShowsItsMessage) {
+  SimObject o;
+  Variant ret = Variant::i4(5), affected = Variant::str("a");
+  int32_t cycles = 3;
+  const zv::Status s = o.pwm->SimMacroCall2(0, ints({1}), ret, affected, cycles);
+  EXPECT_TRUE(s.ok());
+  EXPECT_EQ(o.boxes.texts, std::vector<std::string>{"Error in <SimMacroCall2>"});
+  EXPECT_EQ(ret, Variant::i4(5));
+  EXPECT_EQ(affected, Variant::str("a"));
+  EXPECT_EQ(cycles, 3);
+  EXPECT_EQ(o.pwm->aChannelOn[0], 0);
+}
+
+TEST(SimMacros, StartClearsChannelsAndStopKeepsThem) {
+  SimObject o;
+  zv::PWM& p = *o.pwm;
+  int32_t simulating = 1;
+  ASSERT_TRUE(p.get_IsSimulating(simulating).ok());
+  EXPECT_EQ(simulating, 0);
+
+  p.aChannelOn[0] = -1;
+  ASSERT_TRUE(p.StopSimulation().ok()); // a stop without a start clears nothing
+  EXPECT_EQ(p.aChannelOn[0], -1);
+
+  p.aDuty[1] = 42;
+  ASSERT_TRUE(p.StartSimulation().ok());
+  p.get_IsSimulating(simulating);
+  EXPECT_EQ(simulating, -1);
+  EXPECT_EQ(stateOf(p), (State{0, 0, 0, 42, 255, 1}));
+
+  call(p, 0, ints({2}));
+  call(p, 3, ints({9, 5}));
+  ASSERT_TRUE(p.StopSimulation().ok());
+  p.get_IsSimulating(simulating);
+  EXPECT_EQ(simulating, 0);
+  // The period a macro set stays in the settings.
+  EXPECT_EQ(stateOf(p), (State{0, -1, 0, 42, 9, 1024}));
+}
+
+} // namespace
