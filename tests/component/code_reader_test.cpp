@@ -1,0 +1,91 @@
+#include "fixture.h"
+
+namespace zvtest {
+namespace {
+
+using ::testing::ElementsAre;
+
+const std::string kError = "//Error Reading Code For Fixture::Blk\r\n";
+
+TEST_F(ComponentTest, BlockReaderFollowsMarkersLineByLine) {
+  struct Case {
+    const char* what;
+    std::string body; // raw bytes after the settings
+    std::string expected;
+  };
+  const std::vector<Case> cases{
+      {"plain block", "/*Blk_Start*/\r\na;\r\nb;\r\n/*Blk_End*/\r\n", "a;\nb;\n"},
+      {"empty block", "/*Blk_Start*/\r\n/*Blk_End*/\r\n", ""},
+      {"one empty line", "/*Blk_Start*/\r\n\r\n/*Blk_End*/\r\n", "\n"},
+      {"no end marker", "/*Blk_Start*/\r\na;\r\n", kError},
+      {"missing block", "/*Other_Start*/\r\na;\r\n/*Other_End*/\r\n", kError},
+      {"start marker with trailing blank", "/*Blk_Start*/ \r\na;\r\n/*Blk_End*/\r\n", kError},
+      {"marker in other case", "/*blk_Start*/\r\na;\r\n/*blk_End*/\r\n", kError},
+      {"repeated blocks add up",
+       "/*Blk_Start*/\r\na;\r\n/*Blk_End*/\r\nx\r\n/*Blk_Start*/\r\nb;\r\n/*Blk_End*/\r\n",
+       "a;\nb;\n"},
+      {"second block left open runs to the end",
+       "/*Blk_Start*/\r\na;\r\n/*Blk_End*/\r\n/*Blk_Start*/\r\nb;\r\nc;", "a;\nb;\nc;\n"},
+      {"markers inside a block are text",
+       "/*Blk_Start*/\r\n/*Blk_Start*/\r\n/*Other_End*/\r\n/*Blk_End*/\r\n",
+       "/*Blk_Start*/\n/*Other_End*/\n"},
+      {"end marker outside a block counts for nothing", "/*Blk_End*/\r\n", kError},
+      {"CR-only lines", "/*Blk_Start*/\ra;\r/*Blk_End*/\r", "a;\n"},
+      {"LF-only lines are one line", "/*Blk_Start*/\na;\n/*Blk_End*/\n", kError},
+  };
+  for (const Case& c : cases) {
+    folder.write("Fixture.c", "[Settings]\r\nDescription=Fixture\r\n" + c.body);
+    auto pwm = create();
+    boxes.texts.clear();
+    std::string name = "Blk";
+    EXPECT_EQ(pwm->GetCodeFromFile(name), c.expected) << c.what;
+    EXPECT_EQ(name, "Blk");
+    EXPECT_TRUE(boxes.texts.empty()) << c.what;
+  }
+}
+
+TEST_F(ComponentTest, KeyReaderAnswersValueOrDefault) {
+  auto pwm = createWith({"[Settings]", "Description=" + std::string(300, 'x'), "[MacroNames]",
+                         "  1  =  First  ", "2=", "[Pins]", "Count=0"});
+  struct Case {
+    std::string section, key, fallback, expected;
+  };
+  const std::vector<Case> cases{
+      {"Settings", "Description", "d", std::string(254, 'x')},
+      {"MacroNames", " 1", "", "First"},
+      {"macronames", "1", "", "First"},
+      {"MacroNames", " 2", "dflt", ""}, // an empty value is no missing key
+      {"MacroNames", " 3", "dflt", "dflt"},
+      {"NoSection", "Count", "0", "0"},
+  };
+  for (Case c : cases) {
+    EXPECT_EQ(pwm->GetIniKeyValue(c.section, c.key, c.fallback), c.expected) << c.key;
+  }
+  EXPECT_TRUE(boxes.texts.empty());
+}
+
+TEST_F(ComponentTest, MissingCodeFileIsReportedAtEveryRead) {
+  auto pwm = createWith({});
+  std::filesystem::remove(folder.path() + "/Fixture.c");
+  const std::string missing =
+      "Error - cannot find C code file:\r\n\r\n" + folder.path() + "/Fixture.c";
+  std::string s = "Settings", k = "Description", d = "dflt";
+  EXPECT_EQ(pwm->GetIniKeyValue(s, k, d), "dflt");
+  EXPECT_EQ(pwm->GetIniKeyValue(s, k, d), "dflt");
+  std::string block = "Blk";
+  EXPECT_EQ(pwm->GetCodeFromFile(block), "");
+  EXPECT_THAT(boxes.texts, ElementsAre(missing, missing, missing, "File not found"));
+}
+
+TEST_F(ComponentTest, CodeFileThatIsAFolderAnswersEmptyBlock) {
+  auto pwm = createWith({});
+  std::filesystem::remove(folder.path() + "/Fixture.c");
+  std::filesystem::create_directory(folder.path() + "/Fixture.c");
+  std::string block = "Blk";
+  EXPECT_EQ(pwm->GetCodeFromFile(block), "");
+  ASSERT_EQ(boxes.texts.size(), 2u);
+  EXPECT_NE(boxes.texts[1], "");
+}
+
+} // namespace
+} // namespace zvtest

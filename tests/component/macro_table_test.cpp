@@ -1,0 +1,143 @@
+#include "fixture.h"
+
+namespace zvtest {
+namespace {
+
+using ::testing::ElementsAre;
+
+std::vector<std::string> texts(const zv::Variant& v) {
+  std::vector<std::string> out;
+  for (int32_t i = v.arr().lbound(); i <= v.arr().ubound(); ++i)
+    out.push_back(v.arr().at(i).rawStr());
+  return out;
+}
+
+const std::vector<std::string> kMacroFile{"[MacroNames]",
+                                          "Count=4",
+                                          "1=Enable",
+                                          "2=",
+                                          "3=GetDuty",
+                                          "4=Set",
+                                          "[MacroReturns]",
+                                          "3=char",
+                                          "4=Void",
+                                          "[MacroIsPrivate]",
+                                          "1=1",
+                                          "[MacroParameters_Enable]",
+                                          "Count=1",
+                                          "1=Channel",
+                                          "[MacroParameters_Set]",
+                                          "Count=2",
+                                          "1=Channel",
+                                          "[MacroParamTypes_Set]",
+                                          "1=BYTE"};
+
+TEST_F(ComponentTest, MacroTableIsBuiltByZelvorVersion) {
+  auto pwm = createWith(kMacroFile);
+  zv::Variant names;
+  ASSERT_TRUE(pwm->get_MacroNames(names).ok());
+  EXPECT_EQ(names, zv::Variant::str("")); // no table before the version call
+
+  ASSERT_TRUE(pwm->put_ZelvorVersion(1024).ok());
+  EXPECT_THAT(boxes.texts, ElementsAre("Error: Macro 2 is missing from the code file!",
+                                       "Error: Parameter 4.2 is missing from the code file!"));
+  ASSERT_TRUE(pwm->get_MacroNames(names).ok());
+  EXPECT_THAT(texts(names),
+              ElementsAre("Enable|Enable|void", "||void", "GetDuty|GetDuty|char", "Set|Set|Void"));
+
+  struct Case {
+    int32_t id;
+    int32_t isFunction, isPrivate;
+    std::vector<std::string> params; // empty: an array of Variant without elements
+  };
+  const std::vector<Case> cases{
+      {0, 0, -1, {"Channel|Channel|char"}},
+      {1, 0, 0, {}},
+      {2, -1, 0, {}},
+      {3, -1, 0, {"Channel|Channel|BYTE", "||char"}},
+  };
+  for (const Case& c : cases) {
+    int32_t answer = 7;
+    ASSERT_TRUE(pwm->get_MacroIsFunction(c.id, answer).ok());
+    EXPECT_EQ(answer, c.isFunction) << c.id;
+    ASSERT_TRUE(pwm->get_MacroIsPrivate(c.id, answer).ok());
+    EXPECT_EQ(answer, c.isPrivate) << c.id;
+    zv::Variant params;
+    ASSERT_TRUE(pwm->get_MacroParameters(c.id, params).ok());
+    ASSERT_TRUE(params.isArray());
+    EXPECT_EQ(params.arr().elementType(),
+              c.params.empty() ? zv::VarType::Variant : zv::VarType::BSTR);
+    EXPECT_EQ(texts(params), c.params) << c.id;
+  }
+}
+
+TEST_F(ComponentTest, MacroIdentifiersOutsideTheTable) {
+  auto pwm = createWith(kMacroFile);
+  int32_t answer = 7;
+  zv::Variant params;
+  std::string code = "x";
+  // Without bounds the range test itself fails.
+  EXPECT_EQ(pwm->get_MacroIsFunction(0, answer).number, zv::errSubscript);
+  EXPECT_EQ(pwm->get_MacroParameters(0, params).number, zv::errSubscript);
+  EXPECT_EQ(pwm->get_MacroCode(0, code).number, zv::errSubscript);
+
+  ASSERT_TRUE(pwm->put_ZelvorVersion(1024).ok());
+  for (int32_t id : {-1, 4, 1000}) {
+    ASSERT_TRUE(pwm->get_MacroIsFunction(id, answer).ok());
+    EXPECT_EQ(answer, 0);
+    ASSERT_TRUE(pwm->get_MacroIsPrivate(id, answer).ok());
+    EXPECT_EQ(answer, 0);
+    params = zv::Variant::i2(1);
+    ASSERT_TRUE(pwm->get_MacroParameters(id, params).ok());
+    EXPECT_TRUE(params.isEmpty());
+    ASSERT_TRUE(pwm->get_MacroCode(id, code).ok());
+    EXPECT_EQ(code, "");
+  }
+}
+
+TEST_F(ComponentTest, RebuildWithoutMacrosKeepsTheOldRecords) {
+  auto pwm = createWith(kMacroFile);
+  ASSERT_TRUE(pwm->put_ZelvorVersion(1024).ok());
+  writeCode({"[Settings]"});
+  ASSERT_TRUE(pwm->put_ZelvorVersion(1025).ok());
+  EXPECT_EQ(pwm->lMacroCount, 0);
+  zv::Variant names;
+  ASSERT_TRUE(pwm->get_MacroNames(names).ok());
+  EXPECT_EQ(names, zv::Variant::str(""));
+  int32_t answer = 0;
+  ASSERT_TRUE(pwm->get_MacroIsFunction(2, answer).ok());
+  EXPECT_EQ(answer, -1);
+}
+
+TEST_F(ComponentTest, BadCountsFailTheBuild) {
+  struct Case {
+    std::vector<std::string> file;
+    int error;
+    int32_t builtSlots; // records present after the failure
+  };
+  const std::vector<Case> cases{
+      {{"[MacroNames]", "Count=many"}, zv::errTypeMismatch, -1},
+      {{"[MacroNames]", "Count=40000"}, zv::errOverflow, 0},
+      {{"[MacroNames]", "Count=1", "1=A", "[MacroIsPrivate]", "1=maybe"}, zv::errTypeMismatch, 0},
+      {{"[MacroNames]", "Count=2", "1=A", "2=B", "[MacroParameters_B]", "Count=-1"},
+       zv::errSubscript,
+       2},
+      {{"[MacroNames]", "Count=1", "1=A", "[MacroParameters_A]", "Count=40000"},
+       zv::errOverflow,
+       1},
+  };
+  for (const Case& c : cases) {
+    auto pwm = createWith(c.file);
+    EXPECT_EQ(pwm->put_ZelvorVersion(1024).number, c.error) << c.file[1];
+    int32_t built = 0;
+    if (pwm->aMacros.allocated())
+      for (int32_t i = 0; i <= pwm->aMacros.ubound(); ++i)
+        built += pwm->aMacros[i] != nullptr;
+    else
+      built = -1;
+    EXPECT_EQ(built, c.builtSlots) << c.file[1];
+  }
+}
+
+} // namespace
+} // namespace zvtest

@@ -1,0 +1,92 @@
+#include "fixture.h"
+
+namespace zvtest {
+namespace {
+
+TEST_F(ComponentTest, PublicPropertiesByNameKeepTheirTypes) {
+  auto pwm = createWith({});
+  zv::Dispatch& d = pwm->publicInterface();
+  struct Case {
+    const char* name;
+    zv::Variant put;  // empty: no put
+    zv::Variant read; // after the put
+  };
+  const std::vector<Case> cases{
+      {"Pr2", zv::Variant::str("300"), zv::Variant::i2(300)},
+      {"Prescaler", zv::Variant::i4(64), zv::Variant::i2(64)},
+      {"PWM_No", zv::Variant::i2(5), zv::Variant::i2(-1)},
+      {"ClockSpeed", zv::Variant::i4(8000000), zv::Variant::i4(0)},
+      {"MaxPwm", zv::Variant::i4(9), zv::Variant::i4(0)},
+      {"UseAltPin", zv::Variant::i2(1), zv::Variant::boolean(true)},
+      {"HasAltPin", zv::Variant::i2(1), zv::Variant::i2(0)},
+      {"Label1", zv::Variant::str("L"), zv::Variant::str("L")},
+      {"ShowSim", zv::Variant::boolean(true), zv::Variant::boolean(true)},
+      {"iVersionMajor", zv::Variant::i2(4), zv::Variant::i2(4)},
+  };
+  for (const Case& c : cases) {
+    d.putProperty(c.name, c.put);
+    EXPECT_EQ(d.getProperty(c.name), c.read) << c.name;
+  }
+  auto failsWith = [](int number, auto&& f) {
+    try {
+      f();
+      return false;
+    } catch (const zv::RuntimeError& e) {
+      return e.number() == number;
+    }
+  };
+  EXPECT_TRUE(failsWith(6, [&] { d.putProperty("Pr2", zv::Variant::i4(40000)); }));
+  EXPECT_TRUE(failsWith(438, [&] { d.getProperty("NoSuchThing"); }));
+  std::vector<zv::Variant> none;
+  EXPECT_TRUE(failsWith(438, [&] { d.callMethod("NoSuchThing", none); }));
+}
+
+TEST_F(ComponentTest, PublicMethodsWriteBackTheirInOutArguments) {
+  auto pwm = createWith({"[Settings]", "Description=Fix"});
+  zv::Dispatch& d = pwm->publicInterface();
+  std::vector<zv::Variant> args{zv::Variant::str("Settings"), zv::Variant::str("Description"),
+                                zv::Variant::i2(0)};
+  EXPECT_EQ(d.callMethod("GetIniKeyValue", args), zv::Variant::str("Fix"));
+  EXPECT_EQ(args[2], zv::Variant::str("0"));
+
+  std::vector<zv::Variant> read{zv::Variant::i2(0), zv::Variant::i4(5)};
+  zv::Variant message = d.callMethod("IZelvorComponentV4_VNodeMsgRead", read);
+  EXPECT_EQ(read[1], zv::Variant::i4(0));
+  EXPECT_EQ(message.vt(), 0x2011);
+
+  std::vector<zv::Variant> pin{zv::Variant::i2(0),  zv::Variant::str("P"), zv::Variant::i2(1),
+                               zv::Variant::i2(-1), zv::Variant::i2(-1),   zv::Variant::i2(4),
+                               zv::Variant::i2(0),  zv::Variant::i2(2),    zv::Variant::i2(0)};
+  d.callMethod("setupAPin", pin);
+  EXPECT_EQ(pwm->aPins[0]->PinName, "P");
+  EXPECT_EQ(pwm->aPins[0]->PortMandatory, -1);
+  EXPECT_EQ(pwm->aPins[0]->DesiredBit, 4);
+  pin[0] = zv::Variant::i2(1);
+  EXPECT_THROW(d.callMethod("setupAPin", pin), zv::RuntimeError);
+}
+
+TEST_F(ComponentTest, InspectionNamesEveryFieldInOrder) {
+  auto pwm = createWith({});
+  const zv::Inspected state = pwm->inspect();
+  ASSERT_EQ(state.members.size(), 36u);
+  EXPECT_EQ(state.members.front().first, "iVersionMajor");
+  EXPECT_EQ(state.members.back().first, "sCodeFilename");
+  auto field = [&](const std::string& name) -> const zv::Inspected& {
+    for (const auto& [n, v] : state.members)
+      if (n == name)
+        return v;
+    throw std::runtime_error(name);
+  };
+  EXPECT_EQ(field("aExclusiveInts").kind, zv::Inspected::Kind::Null);
+  EXPECT_EQ(field("aMacros").kind, zv::Inspected::Kind::Null);
+  EXPECT_EQ(field("fPeriod").value.type(), zv::VarType::R4);
+  EXPECT_EQ(field("bShowSim").value.type(), zv::VarType::Bool);
+  EXPECT_EQ(field("bSupportsKeys").value.type(), zv::VarType::I4);
+  const zv::Inspected& pins = field("aPins");
+  ASSERT_EQ(pins.items.size(), 1u);
+  EXPECT_EQ(pins.items[0].members.size(), 11u);
+  EXPECT_EQ(field("aDuty").items.size(), 3u);
+}
+
+} // namespace
+} // namespace zvtest
