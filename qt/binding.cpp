@@ -1,0 +1,48 @@
+#include "binding.h"
+
+#include <QtGlobal>
+#include <utility>
+
+namespace zvqt {
+
+namespace {
+ErrorReporter& installedReporter() {
+  static ErrorReporter reporter;
+  return reporter;
+}
+} // namespace
+
+QRect twipsRect(double left, double top, double width, double height) {
+  // Both edges are rounded, so neighbouring controls keep their shared edge.
+  int x1 = twipsToPixels(left), y1 = twipsToPixels(top);
+  int x2 = twipsToPixels(left + width), y2 = twipsToPixels(top + height);
+  return QRect(x1, y1, x2 - x1, y2 - y1);
+}
+
+ControlBinding::ControlBinding(zv::Control& control, std::function<void()> onChange)
+    : control_(control), id_(control.observe(std::move(onChange))) {}
+
+ControlBinding::~ControlBinding() {
+  control_.unobserve(id_);
+}
+
+void showControlState(QWidget& widget, const zv::Control& control) {
+  widget.setGeometry(twipsRect(control.Left(), control.Top(), control.Width(), control.Height()));
+  widget.setEnabled(control.Enabled());
+  // A view without a parent would become a window of its own when shown.
+  if (widget.parentWidget())
+    widget.setVisible(control.Visible());
+}
+
+void setErrorReporter(ErrorReporter reporter) {
+  installedReporter() = std::move(reporter);
+}
+
+void reportError(int number, const std::string& description) {
+  if (installedReporter())
+    installedReporter()(number, description);
+  else
+    qWarning("run-time error %d: %s", number, description.c_str());
+}
+
+} // namespace zvqt

@@ -1,0 +1,60 @@
+// The tie between a view and its control model. The model owns the value and
+// must outlive the view; the view observes it and only shows what it holds.
+// A user's action on a view runs the model's setter, whose notifications run
+// nested; a failure raised there is reported here and never crosses Qt's
+// event loop.
+#pragma once
+
+#include <QRect>
+#include <QWidget>
+#include <functional>
+#include <string>
+
+#include "platform/controls/control.h"
+#include "platform/errors.h"
+
+namespace zvqt {
+
+// Device-independent pixels per twip: 96 dpi.
+constexpr double kPixelsPerTwip = 1.0 / 15.0;
+
+inline int twipsToPixels(double twips) {
+  return qRound(twips * kPixelsPerTwip);
+}
+QRect twipsRect(double left, double top, double width, double height);
+
+// Observes a control for as long as it lives.
+class ControlBinding {
+public:
+  ControlBinding(zv::Control& control, std::function<void()> onChange);
+  ~ControlBinding();
+  ControlBinding(const ControlBinding&) = delete;
+  ControlBinding& operator=(const ControlBinding&) = delete;
+  zv::Control& control() const { return control_; }
+
+private:
+  zv::Control& control_;
+  int id_;
+};
+
+// Shows the model's geometry, visibility and enabling on the widget.
+void showControlState(QWidget& widget, const zv::Control& control);
+
+// Where failures of user actions go; the default writes to Qt's warning log.
+using ErrorReporter = std::function<void(int number, const std::string& description)>;
+void setErrorReporter(ErrorReporter reporter);
+void reportError(int number, const std::string& description);
+
+template <class Action> void runUserAction(Action&& action) noexcept {
+  try {
+    action();
+  } catch (const zv::RuntimeError& e) {
+    reportError(e.number(), e.description());
+  } catch (const std::exception& e) {
+    reportError(51, e.what());
+  } catch (...) {
+    reportError(51, zv::errorDescription(51));
+  }
+}
+
+} // namespace zvqt

@@ -1,0 +1,40 @@
+#include "label_view.h"
+
+namespace zvqt {
+
+namespace {
+Qt::Alignment alignmentOf(int alignment) {
+  // Labels keep their text at the top, whatever the horizontal alignment.
+  switch (alignment) {
+  case zv::Label::RightJustify:
+    return Qt::AlignRight | Qt::AlignTop;
+  case zv::Label::Center:
+    return Qt::AlignHCenter | Qt::AlignTop;
+  default:
+    return Qt::AlignLeft | Qt::AlignTop;
+  }
+}
+} // namespace
+
+LabelView::LabelView(zv::Label& label, QWidget* parent)
+    : QLabel(parent), label_(label), binding_(label, [this] { sync(); }) {
+  setTextFormat(Qt::PlainText);
+  setWordWrap(true);
+  sync();
+}
+
+void LabelView::sync() {
+  showControlState(*this, label_);
+  QString caption = QString::fromStdString(label_.Caption());
+  if (text() != caption)
+    setText(caption);
+  setAlignment(alignmentOf(label_.Alignment()));
+  if (label_.BorderStyle() == 1) {
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setLineWidth(1);
+  } else {
+    setFrameStyle(QFrame::NoFrame);
+  }
+}
+
+} // namespace zvqt

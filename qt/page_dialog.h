@@ -1,0 +1,41 @@
+// The property page in a dialog with OK, Cancel and Apply. Apply is enabled
+// while the site's Changed flag is set; applying runs the page's apply and
+// then clears the flag. OK applies when Changed, then closes; a failed apply
+// keeps the dialog open with the failure shown. The page must outlive it.
+#pragma once
+
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <functional>
+
+#include "component/core/objects.h"
+#include "page_widget.h"
+
+namespace zvqt {
+
+class PageDialog : public QDialog {
+public:
+  explicit PageDialog(zv::PageObject& page, QWidget* parent = nullptr);
+  ~PageDialog() override;
+
+  PageWidget* pageWidget() const { return pageWidget_; }
+  QPushButton* applyButton() const { return apply_; }
+  QPushButton* okButton() const { return ok_; }
+  // Runs the page's apply; false when it failed.
+  bool apply();
+  // Runs after every successful apply (the host redraws its panel).
+  std::function<void()> onApplied;
+
+  void accept() override;
+
+private:
+  void showChanged();
+  zv::PageObject& page_;
+  PageWidget* pageWidget_;
+  QLabel* failure_;
+  QPushButton* ok_;
+  QPushButton* apply_;
+};
+
+} // namespace zvqt

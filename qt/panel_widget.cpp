@@ -1,0 +1,24 @@
+#include "panel_widget.h"
+
+namespace zvqt {
+
+PanelWidget::PanelWidget(zv::ComponentObject& component, QWidget* parent)
+    : QWidget(parent), surface_(component.panelSurface()), binding_(surface_, [this] { sync(); }) {
+  views_ = buildViews(component.panelControls(), *this);
+  sync();
+}
+
+QWidget* PanelWidget::viewOf(const zv::Control* control) const {
+  auto found = views_.find(control);
+  return found == views_.end() ? nullptr : found->second;
+}
+
+void PanelWidget::sync() {
+  // What lies outside the surface's size is clipped by the fixed size.
+  setFixedSize(twipsToPixels(surface_.Width()), twipsToPixels(surface_.Height()));
+  // Style 0 lets whatever is behind the panel show through.
+  setAutoFillBackground(surface_.BackStyle() == 1);
+  update();
+}
+
+} // namespace zvqt
