@@ -1,0 +1,189 @@
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "page_fixture.h"
+#include "platform/vbnum.h"
+
+namespace zv::test {
+namespace {
+
+std::vector<std::string> writtenNames(const FakeComponent& c) {
+  std::vector<std::string> names;
+  for (const auto& w : c.writes)
+    names.push_back(w.first);
+  return names;
+}
+
+TEST(Selection, FillsFieldsControlsAndReadOuts) {
+  PageTest t;
+  Device d;
+  d.clock = 16000000;
+  d.maxPwm = 2 * 256 + 2;
+  ASSERT_TRUE(t.select(d).ok());
+  Properties& p = t.page;
+  EXPECT_EQ(p.iPagePwmCount, 2);
+  EXPECT_EQ(p.iPageClockDivider, 2);
+  EXPECT_TRUE(p.bPageShowSim);
+  EXPECT_EQ(p.chkShowSim.Value(), 1);
+  EXPECT_EQ(p.edtLabel2.Text(), "Fan");
+  EXPECT_EQ(p.lblPWMCount.Caption(), "2");
+  EXPECT_EQ(p.lblClockSpeed.Caption(), "16.0 MHz");
+  EXPECT_EQ(p.Lbl_period.Caption(), "64.0 us");
+}
+
+struct StoredCase {
+  const char* name;
+  int16_t pr2, prescaler;
+  const char* shownPr2;
+  int listIndex;
+  int calcRuns;
+  int16_t appliedPr2, appliedPrescaler;
+};
+
+class StoredValues : public ::testing::TestWithParam<StoredCase> {};
+
+TEST_P(StoredValues, ShowRecalculateAndApplyWhatThePageHolds) {
+  const StoredCase& c = GetParam();
+  PageTest t;
+  t.resetWatch();
+  Device d;
+  d.pr2 = c.pr2;
+  d.prescaler = c.prescaler;
+  ASSERT_TRUE(t.select(d).ok());
+  EXPECT_EQ(t.page.txt_Pr2.Text(), c.shownPr2);
+  EXPECT_EQ(t.page.cboClockSource.ListIndex(), c.listIndex);
+  EXPECT_EQ(t.page.calcRuns, c.calcRuns);
+  ASSERT_TRUE(t.page.PropertyPage_ApplyChanges().ok());
+  EXPECT_EQ(toI2(t.component.props["Pr2"]), c.appliedPr2);
+  EXPECT_EQ(toI2(t.component.props["Prescaler"]), c.appliedPrescaler);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, StoredValues,
+    ::testing::Values(StoredCase{"NothingMoves", 0, 1, "0", 1, 1, 0, 1},
+                      StoredCase{"RegisterMoves", 255, 1, "255", 1, 3, 255, 1},
+                      StoredCase{"SourceMoves", 0, 8, "0", 2, 2, 0, 8},
+                      StoredCase{"BothMove", 99, -3, "99", 7, 4, 99, -3},
+                      StoredCase{"RegisterAboveRange", 300, 1, "44", 1, 3, 44, 1},
+                      StoredCase{"RegisterMinusOne", -1, 1, "255", 1, 3, 255, 1},
+                      StoredCase{"UnknownPrescaler", 0, 5, "0", 0, 2, 0, -1}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+struct EnablingCase {
+  const char* name;
+  int32_t channels;
+  int16_t hasAltPin;
+  bool useAltPin;
+  bool altEnabled, editEnabled, label2Enabled;
+  int altBox;
+};
+
+class Enabling : public ::testing::TestWithParam<EnablingCase> {};
+
+TEST_P(Enabling, FollowsChannelsAndAlternativePin) {
+  const EnablingCase& c = GetParam();
+  PageTest t;
+  Device d;
+  d.maxPwm = 256 + c.channels;
+  d.hasAltPin = c.hasAltPin;
+  d.useAltPin = c.useAltPin;
+  ASSERT_TRUE(t.select(d).ok());
+  Properties& p = t.page;
+  EXPECT_EQ(p.chkUseAltPin.Enabled(), c.altEnabled);
+  for (Control* ctl :
+       std::vector<Control*>{&p.txt_Pr2, &p.VScroll1, &p.cboClockSource, &p.edtLabel1})
+    EXPECT_EQ(ctl->Enabled(), c.editEnabled) << ctl->name();
+  EXPECT_EQ(p.edtLabel2.Enabled(), c.label2Enabled);
+  EXPECT_TRUE(p.chkShowSim.Enabled());
+  EXPECT_EQ(p.chkUseAltPin.Value(), c.altBox);
+  // The stored setting survives a box that can't show it.
+  EXPECT_EQ(p.bPageUseAltPin, c.useAltPin);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, Enabling,
+    ::testing::Values(EnablingCase{"NoChannel", 0, 1, true, false, false, false, 0},
+                      EnablingCase{"OneWithPinUsed", 1, 1, true, true, true, false, 1},
+                      EnablingCase{"OneWithPinUnused", 1, 1, false, true, true, false, 0},
+                      EnablingCase{"OneWithoutPin", 1, 0, true, false, true, false, 0},
+                      EnablingCase{"TwoWithPin", 2, -1, true, true, true, true, 1},
+                      EnablingCase{"TwoWithoutPin", 2, 0, true, false, true, true, 0}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(Selection, SecondSelectionShowsItsOwnAlternativePin) {
+  PageTest t;
+  Device d;
+  d.useAltPin = true;
+  ASSERT_TRUE(t.select(d).ok());
+  ASSERT_TRUE(t.select(d).ok());
+  EXPECT_EQ(t.page.chkUseAltPin.Value(), 1);
+  EXPECT_TRUE(t.page.bPageUseAltPin);
+}
+
+TEST(Selection, SeveralSelectedReadsAndWritesOnlyTheFirst) {
+  PageTest t;
+  FakeComponent second;
+  Device{}.fill(second);
+  Device{}.fill(t.component);
+  t.page.site().SelectedControls = {&t.component, &second};
+  ASSERT_TRUE(t.page.PropertyPage_SelectionChanged().ok());
+  ASSERT_TRUE(t.page.PropertyPage_ApplyChanges().ok());
+  EXPECT_EQ(t.component.reads.size(), 10u); // MaxPwm twice
+  EXPECT_EQ(t.component.writes.size(), 6u);
+  EXPECT_TRUE(second.reads.empty());
+  EXPECT_TRUE(second.writes.empty());
+}
+
+TEST(Apply, WritesSixPropertiesInOrderEvenWhenNothingIsEnabled) {
+  PageTest t;
+  Device d;
+  d.maxPwm = 0;
+  d.useAltPin = true;
+  ASSERT_TRUE(t.select(d).ok());
+  t.page.cboClockSource.setListIndex(2);
+  t.page.chkShowSim.setValue(0);
+  t.page.txt_Pr2.setText("12.5"); // rewritten as "13"
+  t.page.txt_Pr2.setText("13.5"); // kept: iPagePr2 14
+  EXPECT_TRUE(t.component.writes.empty());
+  ASSERT_TRUE(t.page.PropertyPage_ApplyChanges().ok());
+  const std::vector<std::pair<std::string, Variant>> expected{
+      {"Prescaler", Variant::i2(8)},         {"Pr2", Variant::i2(14)},
+      {"UseAltPin", Variant::boolean(true)}, {"ShowSim", Variant::boolean(false)},
+      {"Label1", Variant::str("Motor")},     {"Label2", Variant::str("Fan")}};
+  EXPECT_EQ(t.component.writes, expected);
+}
+
+TEST(Apply, EmptyRegisterFailsAfterThePrescaler) {
+  PageTest t;
+  ASSERT_TRUE(t.select(Device{}).ok());
+  t.page.txt_Pr2.setText("");
+  EXPECT_EQ(t.page.PropertyPage_ApplyChanges().number, errTypeMismatch);
+  EXPECT_EQ(writtenNames(t.component), std::vector<std::string>{"Prescaler"});
+}
+
+TEST(Selection, NothingSelectedFailsWithSubscript) {
+  PageTest t;
+  EXPECT_EQ(t.page.PropertyPage_SelectionChanged().number, errSubscript);
+  EXPECT_EQ(t.page.PropertyPage_ApplyChanges().number, errSubscript);
+}
+
+TEST(Clicks, OnlyTheListRecalculates) {
+  PageTest t;
+  ASSERT_TRUE(t.select(Device{}).ok());
+  t.resetWatch();
+  Properties& p = t.page;
+  p.chkShowSim.setValue(0);
+  p.chkUseAltPin.setValue(1);
+  EXPECT_FALSE(p.bPageShowSim);
+  EXPECT_TRUE(p.bPageUseAltPin);
+  EXPECT_EQ(p.calcRuns, 0);
+  EXPECT_TRUE(p.site().Changed());
+  p.cboClockSource.setListIndex(6);
+  p.cboClockSource.setListIndex(-1); // nothing selected keeps the prescaler
+  EXPECT_EQ(p.iPagePrescaler, -2);
+  EXPECT_EQ(p.calcRuns, 2);
+}
+
+} // namespace
+} // namespace zv::test
