@@ -53,10 +53,8 @@ TEST_F(ComponentTest, KeyReaderAnswersValueOrDefault) {
   const std::vector<Case> cases{
       {"Settings", "Description", "d", std::string(254, 'x')},
       {"MacroNames", " 1", "", "First"},
-      {"macronames", "1", "", "First"},
       {"MacroNames", " 2", "dflt", ""}, // an empty value is no missing key
       {"MacroNames", " 3", "dflt", "dflt"},
-      {"NoSection", "Count", "0", "0"},
   };
   for (Case c : cases) {
     EXPECT_EQ(pwm->GetIniKeyValue(c.section, c.key, c.fallback), c.expected) << c.key;
@@ -75,16 +73,6 @@ TEST_F(ComponentTest, MissingCodeFileIsReportedAtEveryRead) {
   std::string block = "Blk";
   EXPECT_EQ(pwm->GetCodeFromFile(block), "");
   EXPECT_THAT(boxes.texts, ElementsAre(missing, missing, missing, "File not found"));
-}
-
-TEST_F(ComponentTest, CodeFileThatIsAFolderAnswersEmptyBlock) {
-  auto pwm = createWith({});
-  std::filesystem::remove(folder.path() + "/Fixture.c");
-  std::filesystem::create_directory(folder.path() + "/Fixture.c");
-  std::string block = "Blk";
-  EXPECT_EQ(pwm->GetCodeFromFile(block), "");
-  ASSERT_EQ(boxes.texts.size(), 2u);
-  EXPECT_NE(boxes.texts[1], "");
 }
 
 } // namespace

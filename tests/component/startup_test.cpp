@@ -109,7 +109,7 @@ TEST_F(ComponentTest, ComponentVersionIsMajorTimes256PlusMinor) {
   EXPECT_EQ(version, 1024);
 }
 
-TEST_F(ComponentTest, ConstantAnswersChangeNothing) {
+TEST_F(ComponentTest, ConstantAnswersHaveTheirShapes) {
   auto pwm = createWith({});
   zv::Variant general;
   ASSERT_TRUE(pwm->get_GeneralGet(7, general).ok());
@@ -121,14 +121,6 @@ TEST_F(ComponentTest, ConstantAnswersChangeNothing) {
   EXPECT_EQ(exclusive.arr().elementType(), zv::VarType::I4);
   EXPECT_EQ(exclusive.arr().ubound(), -1);
 
-  zv::Variant inout = zv::Variant::str("kept");
-  ASSERT_TRUE(pwm->GeneralMethod(1, inout).ok());
-  ASSERT_TRUE(pwm->put_GeneralPut(1, inout).ok());
-  EXPECT_EQ(inout, zv::Variant::str("kept"));
-
-  ASSERT_TRUE(pwm->put_TargetController("ATmega328P").ok());
-  ASSERT_TRUE(pwm->put_ADCReadIntCode("x").ok());
-  EXPECT_EQ(pwm->sTargetController, "ATmega328P");
 }
 
 } // namespace
