@@ -120,7 +120,6 @@ TEST_F(ComponentTest, ConstantAnswersHaveTheirShapes) {
   ASSERT_TRUE(exclusive.isArray());
   EXPECT_EQ(exclusive.arr().elementType(), zv::VarType::I4);
   EXPECT_EQ(exclusive.arr().ubound(), -1);
-
 }
 
 } // namespace
