@@ -1,0 +1,92 @@
+// The script runner: carries out one script line at a time against the
+// components it creates from a plug-in, and answers one JSON object per
+// command. A line it cannot carry out answers a script error and the run goes
+// on; a failed operation of a component is no script error. Message boxes
+// shown during a command are answered with OK at once and listed in its answer.
+#pragma once
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "json_out.h"
+#include "lexer.h"
+#include "loader.h"
+#include "ops.h"
+#include "platform/msgbox.h"
+#include "program.h"
+
+namespace zvhost {
+
+class RecordingMessageBoxes : public zv::MessageBoxService {
+public:
+  void show(const std::string& text, const std::string& title) override;
+  std::vector<std::string> texts;
+};
+
+class Runner {
+public:
+  // Installs its message box service for its lifetime; plugin must outlive it.
+  explicit Runner(const Plugin& plugin);
+  ~Runner();
+  Runner(const Runner&) = delete;
+  Runner& operator=(const Runner&) = delete;
+
+  // Runs each line as soon as it is read and flushes its answer. Answers the
+  // exit status: 2 when any line was a script error, otherwise 0.
+  int run(std::istream& in, std::ostream& out);
+  // One line; nullopt for an empty line or a comment.
+  std::optional<Json> execute(int lineNumber, const std::string& line);
+
+  bool hadScriptError() const { return scriptErrors_; }
+  zv::ComponentObject* current();
+  zv::PageObject* page() { return page_.get(); }
+
+private:
+  // What one command answers, besides its line, text and messages.
+  struct Reply {
+    zv::Status status;
+    std::optional<Json> result;
+    std::optional<Json> byref;
+  };
+  struct Slot {
+    Plugin::ComponentPtr object;
+    std::vector<MacroCall> simCalls; // since its last StartSimulation
+  };
+
+  Reply dispatch(const std::string& command, LineScanner& scan);
+  Slot& currentSlot();
+  zv::ComponentObject& component() { return *currentSlot().object; }
+
+  // runner.cpp: component life, container calls, the host interface
+  Reply create(LineScanner& scan);
+  Reply use(LineScanner& scan);
+  Reply readProps(LineScanner& scan);
+  Reply writeProps(LineScanner& scan);
+  Reply hostOperation(OpKind kind, LineScanner& scan);
+  Reply publicInterface(LineScanner& scan);
+  void recordSimCall(const std::string& op, const std::vector<zv::Variant>& args);
+  // page_commands.cpp
+  Reply pageCommand(LineScanner& scan);
+  zv::PageObject& requirePage();
+  Json pageState();
+  // view_commands.cpp: inspection and output files
+  Reply state();
+  Reply panel();
+  Reply canvas(LineScanner& scan);
+  Reply render(LineScanner& scan);
+  Reply program(LineScanner& scan);
+
+  const Plugin& plugin_;
+  RecordingMessageBoxes boxes_;
+  std::vector<Slot> components_;
+  size_t current_ = 0; // 1-based; 0 before the first create
+  Plugin::PagePtr page_;
+  bool scriptErrors_ = false;
+};
+
+// A number word of a command (a component number, a canvas index, a count).
+int wordNumber(const std::string& word);
+
+} // namespace zvhost
