@@ -1,7 +1,15 @@
 // The C program of a component for its target: the definitions, the
-// initialisation, the interrupt code, one function per macro that was called
-// in simulation (its code passed through MacroCodeOverride), and a main that
-// makes those calls in the same order with the same arguments, then idles.
+// interrupt code, one function per macro that was called in simulation, and a
+// main that runs the initialisation, makes those calls in the same order with
+// the same arguments, then idles.
+//
+// Every text taken from the component (definitions, initialisation,
+// interrupt code, macro bodies) goes through MacroCodeOverride, so a
+// placeholder may stand in any block of the code file. The interrupt code
+// stands at file scope after the macro functions; the initialisation opens
+// main. A macro's function has the macro's name (the second field of
+// MacroNames), its return type (the third) and its parameters with their
+// types from MacroParameters.
 #pragma once
 
 #include <string>
@@ -18,7 +26,8 @@ struct MacroCall {
 };
 
 // Builds the program text. Fails (false, error filled) when the component
-// refuses an operation the program needs.
+// refuses an operation the program needs, when a call names a macro outside
+// the table, or when its argument count differs from the macro's parameters.
 bool generateProgram(zv::ComponentObject& component, const std::vector<MacroCall>& calls,
                      std::string& program, std::string& error);
 
