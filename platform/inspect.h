@@ -17,6 +17,13 @@ struct Inspected {
   std::vector<Inspected> items;
   std::vector<std::pair<std::string, Inspected>> members;
 
+  Inspected();
+  Inspected(const Inspected&);
+  Inspected(Inspected&&) noexcept;
+  Inspected& operator=(const Inspected&);
+  Inspected& operator=(Inspected&&) noexcept;
+  ~Inspected();
+
   static Inspected null() { return {}; }
   static Inspected of(Variant v) {
     Inspected i;
@@ -39,5 +46,14 @@ struct Inspected {
     return *this;
   }
 };
+
+// Defaulted once the type is complete: clang 14 can't instantiate them inside
+// the class against the C++20 (constexpr) vector of libstdc++.
+inline Inspected::Inspected() = default;
+inline Inspected::Inspected(const Inspected&) = default;
+inline Inspected::Inspected(Inspected&&) noexcept = default;
+inline Inspected& Inspected::operator=(const Inspected&) = default;
+inline Inspected& Inspected::operator=(Inspected&&) noexcept = default;
+inline Inspected::~Inspected() = default;
 
 } // namespace zv
