@@ -80,6 +80,7 @@ std::vector<Device> allDevices() {
     d.bitAlt = number(f, "PwmBitAlt", -1);
     d.hasAlt = number(f, "HasAltPWM", 0);
     d.simavrAlt = number(f, "SimavrAltPWM", 0) != 0;
+    d.simavrT1 = number(f, "SimavrT1Clock", 0) != 0;
     out.push_back(d);
   }
   std::sort(out.begin(), out.end(),
@@ -112,7 +113,8 @@ Measurement measure(const Device& d, int bitA, int bitB, const std::string& elf,
   std::ostringstream cmd;
   cmd << ZV_PWM_MEASURE << " --mcu " << d.core << " --freq " << freq << " --cycles " << w.cycles
       << " --from " << w.from << " --tolerance " << w.tolerance << " --port " << d.port
-      << " --bit-a " << bitA << " --bit-b " << bitB << " '" << elf << "'";
+      << " --bit-a " << bitA << " --bit-b " << bitB << " --t1-clock " << w.t1Clock << " '" << elf
+      << "'";
   const int rc = std::system((cmd.str() + " > '" + json + "' 2> '" + json + ".err'").c_str());
   const std::string text = readAll(json);
   if (rc != 0) {

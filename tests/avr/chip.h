@@ -19,6 +19,7 @@ struct Device {
   int bit1 = 0, bit2 = 0, bitAlt = -1;
   int hasAlt = 0;
   bool simavrAlt = false; // simavr drives OC1C on this core
+  bool simavrT1 = false;  // simavr counts Timer1 on a virtual T1 clock here
 };
 
 // gtest names a device by its name in parameterised test output.
@@ -60,6 +61,7 @@ struct Window {
   uint64_t cycles = 0;    // simulate until this cycle
   uint64_t from = 0;      // summarise the periods that start here or later
   uint64_t tolerance = 0; // periods this close join one run
+  uint32_t t1Clock = 0;   // hertz fed to Timer1's external clock input, or 0
 };
 
 Measurement measure(const Device& d, int bitA, int bitB, const std::string& elf, uint32_t freq,

@@ -36,10 +36,15 @@ zv::Status Scenario::call(int32_t macro, std::vector<long> args) {
   return status;
 }
 
-Expected Scenario::expected(int channel) const {
+Expected Scenario::expected(int channel, uint32_t t1Clock) const {
   const zv::PWM& p = *pwm_;
+  const bool external = p.iPrescaler == -2 || p.iPrescaler == -3;
+  // Clock cycles of the target in one unit of the model's period.
+  const double cyclesPerUnit = external ? double(p.lClockSpeed) / t1Clock : p.lClockSpeed / 1e6;
   Expected e;
-  e.count = p.iPrescaler > 0 ? static_cast<uint64_t>(p.iPrescaler) : 1;
+  e.count = external           ? static_cast<uint64_t>(p.lClockSpeed / t1Clock)
+            : p.iPrescaler > 0 ? static_cast<uint64_t>(p.iPrescaler)
+                               : 1;
   const bool on = p.aChannelOn[channel - 1] != 0;
   const int duty = p.aDuty[channel - 1];
   const int counts = p.iPr2 + 1;
@@ -49,7 +54,8 @@ Expected Scenario::expected(int channel) const {
     e.level = 1;
     return e;
   }
-  const long long period = std::llround(double(p.fPeriod) * p.lClockSpeed / 1e6);
+  const double units = external ? p.fPeriod / 1e6 : p.fPeriod; // seconds or microseconds
+  const long long period = std::llround(units * cyclesPerUnit);
   if (period <= 0) // no clock: the timer stands
     return e;
   e.steady = false;

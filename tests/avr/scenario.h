@@ -46,8 +46,9 @@ public:
   const std::vector<zvhost::MacroCall>& calls() const { return calls_; }
   const std::vector<std::string>& boxes() const { return boxes_.texts; }
 
-  // Channel 1 or 2 as the model shows it now.
-  Expected expected(int channel) const;
+  // Channel 1 or 2 as the model shows it now. The model counts an external
+  // clock pulse as one second; t1Clock gives the pulse rate on the chip.
+  Expected expected(int channel, uint32_t t1Clock = 0) const;
 
 private:
   Device device_;

@@ -3,7 +3,10 @@
  * grouped into runs of equal period and high time, in cycles.
  *
  *   pwm-measure --mcu CORE [--freq HZ] --cycles N [--from CYCLE] [--tolerance CYCLES]
- *               [--port B] [--bit-a 1] [--bit-b 2] file.elf
+ *               [--port B] [--bit-a 1] [--bit-b 2] [--t1-clock HZ] file.elf
+ *
+ * --t1-clock feeds Timer1's external clock input with a virtual clock, on the
+ * cores where simavr models the T1 pin.
  *
  * The summary of each pin ("period", "high") is its last run at or after
  * --from; a run takes periods within --tolerance of its latest one. A pin
@@ -18,6 +21,7 @@
 #include <unistd.h>
 
 #include <avr_ioport.h>
+#include <avr_timer.h>
 #include <sim_avr.h>
 #include <sim_elf.h>
 
@@ -33,6 +37,7 @@ typedef struct {
   uint64_t tolerance;
   char port;
   int bits[2];
+  uint32_t t1Clock;
   const char* elf;
 } options;
 
@@ -45,7 +50,7 @@ typedef struct {
 static void usage(void) {
   fprintf(stderr,
           "usage: pwm-measure --mcu CORE [--freq HZ] --cycles N [--from CYCLE] [--tolerance N]\n"
-          "                   [--port B] [--bit-a 1] [--bit-b 2] file.elf\n");
+          "                   [--port B] [--bit-a 1] [--bit-b 2] [--t1-clock HZ] file.elf\n");
   exit(2);
 }
 
@@ -58,7 +63,7 @@ static uint64_t number(const char* text) {
 }
 
 static options parse(int argc, char** argv) {
-  options o = {NULL, 16000000, 0, 0, 0, 'B', {1, 2}, NULL};
+  options o = {NULL, 16000000, 0, 0, 0, 'B', {1, 2}, 0, NULL};
   for (int i = 1; i < argc; i++) {
     const char* a = argv[i];
     const char* v = i + 1 < argc ? argv[i + 1] : NULL;
@@ -84,6 +89,8 @@ static options parse(int argc, char** argv) {
       o.bits[0] = (int)number(v);
     else if (!strcmp(a, "--bit-b"))
       o.bits[1] = (int)number(v);
+    else if (!strcmp(a, "--t1-clock"))
+      o.t1Clock = (uint32_t)number(v);
     else
       usage();
     i++;
@@ -169,6 +176,17 @@ int main(int argc, char** argv) {
   }
   avr->frequency = o.freq;
   avr->sleep = no_sleep;
+
+  if (o.t1Clock) {
+    uint8_t virt = 1;
+    float hz = (float)o.t1Clock;
+    if (avr_ioctl(avr, AVR_IOCTL_TIMER_SET_VIRTCLK('1'), &virt) != 0 ||
+        avr_ioctl(avr, AVR_IOCTL_TIMER_SET_FREQCLK('1'), &hz) != 0) {
+      fprintf(stderr, "pwm-measure: %s takes no external Timer1 clock of %" PRIu32 " Hz\n", o.mcu,
+              o.t1Clock);
+      return 1;
+    }
+  }
 
   pin_watch watch[2];
   for (int c = 0; c < 2; c++) {
