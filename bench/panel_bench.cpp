@@ -1,0 +1,41 @@
+// Simulated macro calls with the Qt panel widget repainted into an offscreen
+// image after each call, as a host window repaints after each step.
+#include <benchmark/benchmark.h>
+
+#include <QImage>
+#include <string>
+
+#include "benches.h"
+#include "harness.h"
+#include "macro_cases.h"
+#include "qt/panel_widget.h"
+
+namespace zvbench {
+
+namespace {
+
+void SimMacroCallQt(benchmark::State& state, const MacroCase& macro) {
+  ComponentPtr component = createReady();
+  runBothChannels(*component);
+  {
+    zvqt::PanelWidget panel(*component);
+    QImage image(panel.size(), QImage::Format_ARGB32_Premultiplied);
+    bool second = false;
+    for (auto _ : state) {
+      callMacro(*component, macro.id, second ? macro.second : macro.first);
+      second = !second;
+      panel.render(&image);
+    }
+  }
+}
+
+} // namespace
+
+void registerPanelWidget() {
+  for (const MacroCase& macro : macroCases())
+    add(std::string("SimMacroCallQt/") + macro.name, [&macro](benchmark::State& s) {
+      SimMacroCallQt(s, macro);
+    })->Unit(benchmark::kMicrosecond);
+}
+
+} // namespace zvbench
