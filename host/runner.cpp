@@ -77,8 +77,8 @@ std::string readWholeFile(const std::string& path) {
 Json parseJson(const std::string& text) {
   try {
     return Json::parse(text);
-  } catch (const Json::exception& e) {
-    throw ScriptError(std::string("bad JSON: ") + e.what());
+  } catch (const Json::parse_error& e) {
+    throw ScriptError("bad JSON at character " + std::to_string(e.byte));
   }
 }
 
@@ -318,8 +318,13 @@ void Runner::recordSimCall(const std::string& op, const std::vector<zv::Variant>
   }
   if (op != "SimMacroCall")
     return;
+  // A number outside the macro table does nothing, on the target as here.
   MacroCall call;
   call.macroId = args[0].rawI4();
+  zv::Variant names;
+  if (!slot.object->get_MacroNames(names).ok() || !names.isArray() ||
+      call.macroId < names.arr().lbound() || call.macroId > names.arr().ubound())
+    return;
   if (args[1].isArray()) {
     const zv::SafeArray& a = args[1].arr();
     for (int32_t i = a.lbound(); i <= a.ubound(); ++i) {

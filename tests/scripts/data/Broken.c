@@ -1,0 +1,7 @@
+[MacroNames]
+Count=2
+1=First
+
+[MacroParameters_First]
+Count=2
+1=x

@@ -1,0 +1,94 @@
+// Script literals as the runner reads them, checked through their JSON form.
+#include <gtest/gtest.h>
+
+#include "host/json_out.h"
+#include "host/lexer.h"
+
+namespace {
+
+struct Case {
+  const char* literal;
+  const char* json;
+};
+
+TEST(ScriptLiteral, TypeFollowsSizeSuffixAndForm) {
+  const Case cases[] = {
+      {"0", R"({"vt": "I2", "v": 0})"},
+      {"32767", R"({"vt": "I2", "v": 32767})"},
+      {"-32768", R"({"vt": "I2", "v": -32768})"},
+      {"32768", R"({"vt": "I4", "v": 32768})"},
+      {"-32769", R"({"vt": "I4", "v": -32769})"},
+      {"2147483647", R"({"vt": "I4", "v": 2147483647})"},
+      {"2147483648", R"({"vt": "R8", "v": 2147483648})"},
+      {"99999999999999999999", R"({"vt": "R8", "v": 1e+20})"},
+      {"7%", R"({"vt": "I2", "v": 7})"},
+      {"7&", R"({"vt": "I4", "v": 7})"},
+      {"0.5", R"({"vt": "R8", "v": 0.5})"},
+      {"-1e3", R"({"vt": "R8", "v": -1000})"},
+      {"2.", R"({"vt": "R8", "v": 2})"},
+      {"26.041666!", R"({"vt": "R4", "v": 26.041666})"},
+      {"0.1!", R"({"vt": "R4", "v": 0.1})"},
+      {"3!", R"({"vt": "R4", "v": 3})"},
+      {"empty", R"({"vt": "EMPTY"})"},
+      {"true", R"({"vt": "BOOL", "v": -1})"},
+      {"false", R"({"vt": "BOOL", "v": 0})"},
+      {R"("")", R"({"vt": "BSTR", "v": ""})"},
+      {R"("a b\t\"q\"\\")", R"({"vt": "BSTR", "v": "a b\t\"q\"\\"})"},
+      {R"("\r\n\x41\x7a")", R"({"vt": "BSTR", "v": "\r\nAz"})"},
+      {"[]", R"({"vt": "VARIANT[]", "lb": 0, "v": []})"},
+      {"[1, 128]",
+       R"({"vt": "VARIANT[]", "lb": 0, "v": [{"vt": "I2", "v": 1}, {"vt": "I2", "v": 128}]})"},
+      {R"([ [70000,"x, y]"] ,empty ])",
+       R"({"vt": "VARIANT[]", "lb": 0, "v": [{"vt": "VARIANT[]", "lb": 0, "v": )"
+       R"([{"vt": "I4", "v": 70000}, {"vt": "BSTR", "v": "x, y]"}]}, {"vt": "EMPTY"}]})"},
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(zvhost::dumpJson(zvhost::variantJson(zvhost::parseLiteral(c.literal))), c.json)
+        << c.literal;
+}
+
+TEST(ScriptLiteral, MalformedLiteralsAreScriptErrors) {
+  const char* bad[] = {"abc",    "Pic_Graph(0)", "-",   "1e",   "12abc",   "1.5%",     "1.5&",
+                       "40000%", "3000000000&",  "1%%", "\"ab", "\"\\q\"", "\"\\x4\"", "\"a\"b",
+                       "[1 2]",  "[1,",          "[",   "[1,]", "True",    "[,1]"};
+  for (const char* literal : bad)
+    EXPECT_THROW(zvhost::parseLiteral(literal), zvhost::ScriptError) << literal;
+}
+
+TEST(ScriptLine, WordsStringsAndTheRestOfALine) {
+  zvhost::LineScanner scan(R"(  readprops "my bag.json"	{"a": 1}  )");
+  EXPECT_EQ(scan.word(), "readprops");
+  EXPECT_EQ(scan.word(), "my bag.json");
+  EXPECT_EQ(scan.peek(), '{');
+  EXPECT_EQ(scan.rest(), R"({"a": 1})");
+  EXPECT_TRUE(scan.atEnd());
+  EXPECT_THROW(scan.word(), zvhost::ScriptError);
+}
+
+TEST(VariantJson, BagValuesReadBackAsWritten) {
+  const char* values[] = {
+      R"({"vt": "EMPTY"})",
+      R"({"vt": "UI1", "v": 255})",
+      R"({"vt": "R4", "v": 26.041666})",
+      R"({"vt": "BOOL", "v": -1})",
+      R"({"vt": "I4[]", "lb": 0, "v": []})",
+      R"({"vt": "BSTR[]", "lb": 1, "v": ["a", "b"]})",
+      R"({"vt": "BOOL[]", "lb": 0, "v": [0, -1]})",
+      R"({"vt": "VARIANT[]", "lb": 0, "v": [{"vt": "I2", "v": 3}, {"vt": "EMPTY"}]})",
+  };
+  for (const char* text : values) {
+    const zvhost::Json j = zvhost::Json::parse(text);
+    EXPECT_EQ(zvhost::dumpJson(zvhost::variantJson(zvhost::variantFromJson(j))), text);
+  }
+  const char* bad[] = {R"({"v": 1})",
+                       R"({"vt": "I2"})",
+                       R"({"vt": "I2", "v": 40000})",
+                       R"({"vt": "UI1", "v": -1})",
+                       R"({"vt": "BSTR", "v": 1})",
+                       R"({"vt": "X", "v": 1})",
+                       R"({"vt": "VARIANT", "v": 1})"};
+  for (const char* text : bad)
+    EXPECT_THROW(zvhost::variantFromJson(zvhost::Json::parse(text)), zvhost::ScriptError) << text;
+}
+
+} // namespace

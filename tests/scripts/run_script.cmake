@@ -1,0 +1,31 @@
+# Runs one script through the host. With GOLDEN: the output must equal it,
+# and the exit status must be 2 exactly when it holds a script error.
+# Without: the run must end with exit status 0.
+# Scripts write their files under out/ in the working directory.
+file(MAKE_DIRECTORY out/scripts out/examples)
+execute_process(COMMAND ${HOST} run ${SCRIPT}
+  OUTPUT_FILE ${ACTUAL} ERROR_VARIABLE stderr RESULT_VARIABLE status)
+file(READ ${ACTUAL} actual)
+if(NOT DEFINED GOLDEN)
+  if(NOT status EQUAL 0)
+    message(FATAL_ERROR "${SCRIPT}: exit status ${status}\n${stderr}${actual}")
+  endif()
+  return()
+endif()
+if(NOT EXISTS ${GOLDEN})
+  message(FATAL_ERROR "no golden file ${GOLDEN}; the output is in ${ACTUAL}")
+endif()
+file(READ ${GOLDEN} expected)
+if(NOT expected STREQUAL actual)
+  execute_process(COMMAND diff -u ${GOLDEN} ${ACTUAL} OUTPUT_VARIABLE difference)
+  message(FATAL_ERROR "${SCRIPT} differs from its golden file:\n${difference}")
+endif()
+string(FIND "${expected}" "\"script_error\"" scriptError)
+if(scriptError EQUAL -1)
+  set(wanted 0)
+else()
+  set(wanted 2)
+endif()
+if(NOT status EQUAL wanted)
+  message(FATAL_ERROR "${SCRIPT}: exit status ${status}, expected ${wanted}\n${stderr}")
+endif()
