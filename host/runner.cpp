@@ -125,6 +125,13 @@ std::optional<Json> Runner::execute(int lineNumber, const std::string& line) {
   answer["line"] = lineNumber;
   answer["cmd"] = cmd;
   boxes_.texts.clear();
+  // The boxes of this command are answered here, whoever answers the others.
+  zv::MessageBoxService& previous = zv::messageBoxService();
+  zv::setMessageBoxService(&boxes_);
+  struct Restore {
+    zv::MessageBoxService* service;
+    ~Restore() { zv::setMessageBoxService(service); }
+  } restore{&previous};
   Reply reply;
   try {
     LineScanner scan(cmd);

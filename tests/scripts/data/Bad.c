@@ -1,0 +1,2 @@
+[Settings]
+IsAnalogue=maybe
