@@ -21,6 +21,9 @@ constexpr Color kFace = zv::rgb(240, 240, 240);
 constexpr Color kBorder = zv::rgb(128, 128, 128);
 constexpr Color kLabelBorder = zv::rgb(0, 0, 0);
 constexpr double kFontTwips = 160; // about 8 points
+// From a text's top to its baseline, as the raster painter places it; an
+// explicit baseline reads the same in every SVG viewer.
+constexpr double kAscent = kFontTwips * 0.93;
 constexpr double kPixel = 15;
 // SVG strokes are centred on their path: half a pixel puts them on the pixel
 // that starts at the coordinate, as the raster painter does.
@@ -236,16 +239,16 @@ std::string panelSvg(zv::ComponentObject& component) {
       break;
     case Shape::Kind::Text:
     case Shape::Kind::CentredText:
-      svg << "<text x=\"" << s.x1 << "\" y=\"" << s.y1 << "\" dominant-baseline=\"hanging\""
+      svg << "<text x=\"" << s.x1 << "\" y=\"" << s.y1 + kAscent << "\""
           << (s.kind == Shape::Kind::CentredText ? " text-anchor=\"middle\"" : "")
           << " xml:space=\"preserve\" fill=\"" << color << "\">" << xmlEscape(s.text)
           << "</text>\n";
       break;
     case Shape::Kind::ClipBegin:
       ++clips;
-      svg << "<clipPath id=\"c" << clips << "\"><rect x=\"" << s.x1 << "\" y=\"" << s.y1
+      svg << "<defs><clipPath id=\"c" << clips << "\"><rect x=\"" << s.x1 << "\" y=\"" << s.y1
           << "\" width=\"" << s.x2 - s.x1 << "\" height=\"" << s.y2 - s.y1
-          << "\"/></clipPath>\n<g clip-path=\"url(#c" << clips << ")\">\n";
+          << "\"/></clipPath></defs>\n<g clip-path=\"url(#c" << clips << ")\">\n";
       break;
     case Shape::Kind::ClipEnd:
       svg << "</g>\n";
