@@ -28,17 +28,8 @@ SimObject::SimObject(int macroCount, int16_t pwmCount) {
   folder = writeFixtureFolder(macroCount);
   pwm = std::make_unique<zv::PWM>(zv::LibraryFacts{folder, "Fixture", 4, 0, 0});
   zv::PWM& p = *pwm;
-  // The start-up and the macro table may not fill these yet.
-  (void)p.put_ZelvorVersion(4 * 256);
-  if (!p.aMacros.allocated() && macroCount > 0)
-    p.aMacros.redim(0, macroCount - 1);
-  if (!p.aChannelOn.allocated())
-    p.aChannelOn.redim(0, 2);
-  if (!p.aDuty.allocated())
-    p.aDuty.redim(0, 2);
-  p.createPanel();
-  p.iPr2 = 255;
-  p.iPrescaler = 1;
+  if (macroCount > 0)
+    (void)p.put_ZelvorVersion(4 * 256);
   p.iPwmCount = pwmCount;
   p.iClockDivider = 1;
   p.bShowSim = -1;

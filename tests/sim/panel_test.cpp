@@ -29,23 +29,6 @@ std::vector<bool> visibility(zv::PWM& p) {
   return v;
 }
 
-TEST(Panel, InitialControls) {
-  SimObject o;
-  zv::PWM& p = *o.pwm;
-  EXPECT_EQ(p.Pic_Graph1.Left(), -15);
-  EXPECT_EQ(p.Pic_Graph1.Top(), 1995);
-  EXPECT_EQ(p.Pic_Graph0.ScaleWidth(), 2475);
-  EXPECT_EQ(p.Pic_Graph0.ScaleHeight(), 1395);
-  EXPECT_EQ(p.Pic_Graph0.BackColor(), zv::rgb(0, 192, 0));
-  EXPECT_EQ(p.lblInfo1.Top(), 3435);
-  EXPECT_EQ(p.lblInfo1.TabIndex(), 3);
-  EXPECT_EQ(p.lblInfo0.BorderStyle(), 1);
-  EXPECT_EQ(p.lblInfo0.Alignment(), zv::Label::Center);
-  EXPECT_EQ(p.Line2.Y1(), 1890);
-  EXPECT_EQ(p.Line1.BorderColor(), zv::rgb(192, 192, 192));
-  EXPECT_EQ(p.Line2.BorderColor(), zv::rgb(128, 128, 128));
-}
-
 TEST(Panel, SizeAndNotesFollowTheChannelCount) {
   struct Case {
     int16_t pwmCount;

@@ -176,12 +176,4 @@ TEST(Plot, PictureFollowsTheDuty) {
   }
 }
 
-TEST(Plot, FlatLowEndsAtTheFrameAndOverhangsItOnTheLeft) {
-  const auto ops = zv::plotWaveform({0, 255, 0, 2475, 1395});
-  const DrawOp& closing = ops.back();
-  EXPECT_EQ(closing.x1, 40);
-  EXPECT_EQ(closing.x2, 2425);
-  EXPECT_EQ(closing.y1, 995);
-}
-
 } // namespace
