@@ -19,6 +19,12 @@ QRect twipsRect(double left, double top, double width, double height) {
   return QRect(x1, y1, x2 - x1, y2 - y1);
 }
 
+QFont platformFont() {
+  QFont font;
+  font.setPointSizeF(8);
+  return font;
+}
+
 ControlBinding::ControlBinding(zv::Control& control, std::function<void()> onChange)
     : control_(control), id_(control.observe(std::move(onChange))) {}
 

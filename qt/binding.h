@@ -5,6 +5,7 @@
 // event loop.
 #pragma once
 
+#include <QFont>
 #include <QRect>
 #include <QWidget>
 #include <functional>
@@ -22,6 +23,9 @@ inline int twipsToPixels(double twips) {
   return qRound(twips * kPixelsPerTwip);
 }
 QRect twipsRect(double left, double top, double width, double height);
+
+// The font the twips layouts were made for: 8 points of the default face.
+QFont platformFont();
 
 // Observes a control for as long as it lives.
 class ControlBinding {

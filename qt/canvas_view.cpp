@@ -32,14 +32,15 @@ QPen cosmeticPen(zv::Color color, int drawStyle) {
   return pen;
 }
 
-// The sunken edge of a bordered canvas: dark above and left, light below and right.
+// A bordered canvas shows a single grey edge, as the panel's pictures do.
 void paintBorder(QPainter& painter, const QRectF& outer, double border) {
   if (border <= 0)
     return;
-  painter.fillRect(outer, QColor(160, 160, 160));
-  QRectF inset = outer.adjusted(border / 2, border / 2, 0, 0);
-  painter.fillRect(inset, QColor(255, 255, 255));
-  painter.fillRect(inset.adjusted(0, 0, -border / 2, -border / 2), QColor(64, 64, 64));
+  QPen pen(QColor(128, 128, 128));
+  pen.setCosmetic(true);
+  painter.setPen(pen);
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(outer.adjusted(0, 0, -1, -1));
 }
 
 } // namespace
@@ -53,9 +54,9 @@ void paintCanvas(QPainter& painter, const zv::Canvas& canvas, double scale) {
   painter.setRenderHint(QPainter::Antialiasing, false);
   QRectF outer(0, 0, canvas.Width() * scale, canvas.Height() * scale);
   double border = canvas.BorderWidth() * scale;
+  painter.fillRect(outer, toQColor(canvas.BackColor()));
   paintBorder(painter, outer, border);
   QRectF inner = outer.adjusted(border, border, -border, -border);
-  painter.fillRect(inner, toQColor(canvas.BackColor()));
   painter.setClipRect(inner);
   painter.translate(inner.topLeft());
   for (const zv::DrawOp& op : canvas.ops()) {

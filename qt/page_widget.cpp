@@ -8,6 +8,11 @@ namespace zvqt {
 
 PageWidget::PageWidget(zv::PageObject& page, QWidget* parent) : QWidget(parent), page_(page) {
   setFixedSize(twipsToPixels(page.pageWidth()), twipsToPixels(page.pageHeight()));
+  // The page's prompts fill their labels; a narrower face keeps them whole
+  // where the default one is wide.
+  QFont font = platformFont();
+  font.setStretch(QFont::SemiCondensed);
+  setFont(font);
   views_ = buildViews(page.controls(), *this);
   applyTabOrder(views_);
   for (const auto& [control, view] : views_)

@@ -4,6 +4,11 @@ namespace zvqt {
 
 PanelWidget::PanelWidget(zv::ComponentObject& component, QWidget* parent)
     : QWidget(parent), surface_(component.panelSurface()), binding_(surface_, [this] { sync(); }) {
+  // The face colour of the platform's forms, as the panel's pictures show it.
+  QPalette face = palette();
+  face.setColor(QPalette::Window, QColor(240, 240, 240));
+  setPalette(face);
+  setFont(platformFont());
   views_ = buildViews(component.panelControls(), *this);
   sync();
 }

@@ -1,12 +1,33 @@
 #include "gui.h"
 
-#include <cstdio>
+#include <QApplication>
+#include <QMessageBox>
+
+#include "devices.h"
+#include "host/loader.h"
+#include "main_window.h"
 
 namespace zvhost {
 
-int runGui(int, char**, const std::string&, const std::string&) {
-  std::fprintf(stderr, "zelvor-host: the desktop is not built yet\n");
-  return 2;
+int runGui(int argc, char** argv, const std::string& pluginPath, const std::string& scriptPath) {
+  QApplication app(argc, argv);
+  const std::string path = pluginPath.empty() ? defaultPluginPath() : pluginPath;
+  std::string error;
+  Plugin plugin = Plugin::open(path, error);
+  if (!plugin.loaded()) {
+    QMessageBox::critical(nullptr, QStringLiteral("zelvor-host"),
+                          QStringLiteral("Cannot load the plug-in %1: %2")
+                              .arg(QString::fromStdString(path), QString::fromStdString(error)));
+    return 1;
+  }
+  MainWindow window(plugin, devicesFolder(QCoreApplication::applicationDirPath().toStdString()));
+  if (!window.newComponent(nullptr, error))
+    QMessageBox::warning(&window, window.windowTitle(), QString::fromStdString(error));
+  if (!scriptPath.empty())
+    window.openScript(scriptPath);
+  window.resize(1100, 700);
+  window.show();
+  return app.exec();
 }
 
 } // namespace zvhost

@@ -1,0 +1,37 @@
+#include "devices.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+namespace zvhost {
+
+namespace fs = std::filesystem;
+
+std::string devicesFolder(const std::string& exeDir) {
+  std::error_code ec;
+  const fs::path candidates[] = {
+#ifdef ZV_SOURCE_DIR
+      fs::path(ZV_SOURCE_DIR) / "devices",
+#endif
+      fs::path(exeDir) / ".." / "share" / "zelvor" / "devices",
+  };
+  for (const fs::path& folder : candidates)
+    if (fs::is_directory(folder, ec))
+      return folder.lexically_normal().string();
+  return {};
+}
+
+std::vector<std::string> deviceFiles(const std::string& folder) {
+  std::vector<std::string> files;
+  std::error_code ec;
+  if (folder.empty() || !fs::is_directory(folder, ec))
+    return files;
+  for (const auto& entry : fs::directory_iterator(folder, ec))
+    if (entry.is_regular_file(ec) && entry.path().extension() == ".zvd")
+      files.push_back(entry.path().string());
+  std::sort(files.begin(), files.end());
+  return files;
+}
+
+} // namespace zvhost

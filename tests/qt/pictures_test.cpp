@@ -1,0 +1,173 @@
+// What the desktop shows against the panel's pictures: the panel widget of a
+// component in simulation looks like the PNG the host renders of the same
+// state. The grabs are kept in the build folder to be looked at.
+#include <QDir>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <fstream>
+#include <gtest/gtest.h>
+
+#include "host/gui/main_window.h"
+#include "host/render.h"
+#include "platform/vbnum.h"
+#include "plugin_fixture.h"
+#include "qt/page_dialog.h"
+#include "qt/panel_widget.h"
+#include "qt_app.h"
+
+namespace {
+
+QString shotPath(const char* name) {
+  QString dir = QString::fromStdString(zvqt_test::buildDir()) + "/qt-shots";
+  QDir().mkpath(dir);
+  return dir + "/" + name;
+}
+
+bool near(QColor p, QColor q) {
+  return std::abs(p.red() - q.red()) <= 40 && std::abs(p.green() - q.green()) <= 40 &&
+         std::abs(p.blue() - q.blue()) <= 40;
+}
+
+// Pixels of a with no like-coloured pixel within one pixel in b: a shift of a
+// pixel, as two painters place text, is no difference; a missing stroke is.
+int unmatchedPixels(const QImage& a, const QImage& b) {
+  int count = 0;
+  for (int y = 0; y < a.height(); ++y)
+    for (int x = 0; x < a.width(); ++x) {
+      bool matched = false;
+      for (int dy = -1; dy <= 1 && !matched; ++dy)
+        for (int dx = -1; dx <= 1 && !matched; ++dx)
+          matched =
+              b.valid(x + dx, y + dy) && near(a.pixelColor(x, y), b.pixelColor(x + dx, y + dy));
+      count += matched ? 0 : 1;
+    }
+  return count;
+}
+
+void simulate(zv::ComponentObject& c, const std::vector<std::vector<int>>& calls) {
+  ASSERT_TRUE(c.StartSimulation().ok());
+  for (const auto& call : calls) {
+    zv::SafeArray params(zv::VarType::Variant, 0, static_cast<int32_t>(call.size()) - 2);
+    for (size_t i = 1; i < call.size(); ++i)
+      params.set(static_cast<int32_t>(i - 1), zv::Variant::i2(static_cast<int16_t>(call[i])));
+    int32_t ret = 0, cycles = 0;
+    zv::Variant affected;
+    ASSERT_TRUE(
+        c.SimMacroCall(call[0], zv::Variant::array(std::move(params)), ret, affected, cycles).ok());
+  }
+}
+
+class PicturesTest : public ::testing::Test, zvqt_test::WithApp {
+protected:
+  void SetUp() override { zv::setMessageBoxService(&boxes); }
+  void TearDown() override { zv::setMessageBoxService(nullptr); }
+  zv::HeadlessMessageBoxes boxes;
+};
+
+TEST_F(PicturesTest, PanelWidgetMatchesTheRenderedPanel) {
+  struct Case {
+    const char* name;
+    const char* device;
+    std::vector<std::vector<int>> calls; // macro id, then its parameters
+  };
+  const Case cases[] = {
+      {"two-channels", "ATmega328P", {{0, 1}, {0, 2}, {2, 1, 64}, {2, 2, 200}}},
+      {"one-off", "ATmega328P", {{0, 1}, {2, 1, 128}}},
+      {"one-channel-device", "ATmega8", {}},
+  };
+  for (const Case& c : cases) {
+    auto component = zvqt_test::makeComponent(c.device);
+    ASSERT_TRUE(component);
+    simulate(*component, c.calls);
+    zvqt::PanelWidget panel(*component);
+    QImage shot = panel.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    QString shotFile = shotPath((std::string("panel-widget-") + c.name + ".png").c_str());
+    shot.save(shotFile);
+    std::string renderFile =
+        shotPath((std::string("panel-render-") + c.name + ".png").c_str()).toStdString();
+    std::string error;
+    ASSERT_TRUE(zvhost::renderPanel(*component, renderFile, error)) << error;
+    QImage rendered =
+        QImage(QString::fromStdString(renderFile)).convertToFormat(QImage::Format_RGB32);
+    ASSERT_EQ(shot.size(), rendered.size()) << c.name;
+    // Text is drawn by two painters with their own fonts; all else must agree.
+    int budget = shot.width() * shot.height() / 200;
+    EXPECT_LE(unmatchedPixels(shot, rendered), budget) << c.name;
+    EXPECT_LE(unmatchedPixels(rendered, shot), budget) << c.name;
+  }
+}
+
+TEST_F(PicturesTest, WindowAndPageShowTheComponent) {
+  std::string devices = zvqt_test::sourceDir() + "/devices";
+  zvhost::MainWindow window(zvqt_test::plugin(), devices);
+  std::string error;
+  ASSERT_TRUE(window.newComponent(nullptr, error)) << error;
+  zv::ComponentObject* c = window.shown();
+  ASSERT_TRUE(c);
+  c->StartSimulation();
+  window.callMacro(0, {1});
+  window.callMacro(0, {2});
+  window.callMacro(2, {1, 64});
+  window.callMacro(2, {2, 192});
+  ASSERT_TRUE(window.panel());
+  EXPECT_EQ(window.panel()->height(), 252); // two channels: 3780 twips
+
+  // A script's component takes the window's place once the script creates it.
+  std::string script = shotPath("window.zsc").toStdString();
+  std::ofstream(script) << "# one channel at a third\ncreate\ninit\nput ZelvorVersion 1024\n"
+                           "put ZvdFilename \"" +
+                               devices +
+                               "/ATmega328P.zvd\"\n"
+                               "put ClockSpeed 8000000\ncall StartSimulation\n"
+                               "call SimMacroCall 0 [1]\ncall SimMacroCall 2 [1, 85]\ncanvas 0\n";
+  ASSERT_TRUE(window.openScript(script));
+  EXPECT_EQ(window.shown(), c);
+  while (window.scriptPane()->step()) {
+  }
+  EXPECT_NE(window.shown(), c);
+  ASSERT_TRUE(window.panel());
+  auto* label = window.panel()->findChild<QLabel*>();
+  ASSERT_TRUE(label);
+  EXPECT_EQ(label->text(), "CCP1");
+  // The macro rows follow the table that the script's version call built.
+  bool setDuty = false;
+  for (QPushButton* button : window.findChildren<QPushButton*>())
+    setDuty = setDuty || button->text() == "SetDuty";
+  EXPECT_TRUE(setDuty);
+  window.resize(1100, 700);
+  window.show();
+  QApplication::processEvents();
+  window.grab().save(shotPath("gui-window.png"));
+
+  zv::Status status;
+  auto page = zvqt_test::plugin().createPage(status);
+  ASSERT_TRUE(page);
+  page->site().SelectedControls = {&c->publicInterface()};
+  page->PropertyPage_SelectionChanged();
+  zvqt::PageDialog dialog(*page, &window);
+  dialog.show();
+  QApplication::processEvents();
+  dialog.grab().save(shotPath("property-page.png"));
+}
+
+TEST_F(PicturesTest, ProjectRoundTripKeepsTheSavedProperties) {
+  std::string devices = zvqt_test::sourceDir() + "/devices";
+  zvhost::MainWindow window(zvqt_test::plugin(), devices);
+  std::string error;
+  ASSERT_TRUE(window.newComponent(nullptr, error)) << error;
+  window.shown()->publicInterface().putProperty("Label1", zv::Variant::str("Motor"));
+  window.shown()->publicInterface().putProperty("Pr2", zv::Variant::i2(99));
+  std::string path = shotPath("project.json").toStdString();
+  ASSERT_TRUE(window.saveProjectTo(path, error)) << error;
+  zvhost::Project project;
+  ASSERT_TRUE(zvhost::loadProject(path, project, error)) << error;
+  ASSERT_TRUE(window.newComponent(&project, error)) << error;
+  zv::PropertyBag again;
+  window.shown()->WriteProperties(again);
+  EXPECT_EQ(again.entries(), project.properties.entries());
+  EXPECT_EQ(zv::toStr(window.shown()->publicInterface().getProperty("Label1")), "Motor");
+}
+
+} // namespace
