@@ -6,6 +6,20 @@
 
 namespace zvtest {
 
+zv::Variant params(std::vector<zv::Variant> items) {
+  zv::SafeArray a(zv::VarType::Variant, 0, static_cast<int32_t>(items.size()) - 1);
+  for (size_t i = 0; i < items.size(); ++i)
+    a.set(static_cast<int32_t>(i), items[i]);
+  return zv::Variant::array(std::move(a));
+}
+
+zv::Variant ints(std::initializer_list<int32_t> values) {
+  std::vector<zv::Variant> items;
+  for (int32_t v : values)
+    items.push_back(zv::Variant::i4(v));
+  return params(items);
+}
+
 std::string writeFixtureFolder(int macroCount) {
   static int serial = 0;
   const auto folder = std::filesystem::temp_directory_path() /

@@ -4,11 +4,16 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "component/core/pwm.h"
 #include "platform/msgbox.h"
 
 namespace zvtest {
+
+// A zero-based array of Variant, as the host hands macro parameters.
+zv::Variant params(std::vector<zv::Variant> items);
+zv::Variant ints(std::initializer_list<int32_t> values);
 
 // A code file named Fixture.c with macroCount macros under [MacroNames].
 std::string writeFixtureFolder(int macroCount);

@@ -68,18 +68,10 @@ TEST(Panel, NoteTakesTheCurrentColourAndPlace) {
   EXPECT_EQ(p.Pic_Graph0.ops()[1].color, zv::rgb(255, 255, 255));
 }
 
-zv::Variant ints(std::initializer_list<int32_t> values) {
-  zv::SafeArray a(zv::VarType::I4, 0, static_cast<int32_t>(values.size()) - 1);
-  int32_t i = 0;
-  for (int32_t v : values)
-    a.set(i++, zv::Variant::i4(v));
-  return zv::Variant::array(std::move(a));
-}
-
 void macro(zv::PWM& p, int32_t id, std::initializer_list<int32_t> args) {
   int32_t ret = 0, cycles = 0;
   zv::Variant affected;
-  ASSERT_TRUE(p.SimMacroCall(id, ints(args), ret, affected, cycles).ok());
+  ASSERT_TRUE(p.SimMacroCall(id, zvtest::ints(args), ret, affected, cycles).ok());
 }
 
 TEST(Panel, ShowSimDecidesWhatASimulationShows) {
