@@ -262,7 +262,6 @@ bool MainWindow::openScript(const std::string& path) {
   scriptPath_ = path;
   runner_ = std::make_unique<Runner>(plugin_);
   // The runner answers the boxes of its own commands; the user answers the rest.
-  runnerBoxes_ = &zv::messageBoxService();
   zv::setMessageBoxService(&boxes_);
   showComponent();
   return true;
@@ -279,7 +278,6 @@ void MainWindow::dropScript() {
   for (auto it = calls_.begin(); it != calls_.end();)
     it = it->first == own_.get() ? std::next(it) : calls_.erase(it);
   runner_.reset();
-  runnerBoxes_ = nullptr;
   zv::setMessageBoxService(&boxes_);
   showComponent();
 }
@@ -287,9 +285,7 @@ void MainWindow::dropScript() {
 std::optional<std::string> MainWindow::executeScriptLine(int lineNumber, const std::string& line) {
   if (!runner_)
     return std::nullopt;
-  zv::setMessageBoxService(runnerBoxes_);
   std::optional<Json> answer = runner_->execute(lineNumber, line);
-  zv::setMessageBoxService(&boxes_);
   showComponent();
   if (!answer)
     return std::nullopt;

@@ -53,7 +53,6 @@ private:
   zvqt::QtMessageBoxes boxes_;
   Plugin::ComponentPtr own_;
   std::unique_ptr<Runner> runner_;
-  zv::MessageBoxService* runnerBoxes_ = nullptr;
   std::string scriptPath_;
   zv::ComponentObject* panelOf_ = nullptr;
   std::map<zv::ComponentObject*, std::vector<MacroCall>> calls_;
