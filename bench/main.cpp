@@ -1,5 +1,6 @@
 // zelvor-bench: the timings a host or a user waits on, each set against its
-// limit. Options: those of Google Benchmark; --memory measures memory only.
+// limit. Options: those of Google Benchmark; --memory measures memory only,
+// --no-memory leaves it out (for profiling a single benchmark).
 // Without --benchmark_repetitions each benchmark runs 5 times and the table
 // takes the medians.
 #include <benchmark/benchmark.h>
@@ -30,9 +31,11 @@ bool hasOption(int argc, char** argv, const char* prefix) {
 int main(int argc, char** argv) {
   ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
   double memoryMiB = -1;
+  const bool noMemory = hasOption(argc, argv, "--no-memory");
   try {
     // First, while the heap holds nothing freed that components could reuse.
-    memoryMiB = zvbench::memoryOfComponents();
+    if (!noMemory)
+      memoryMiB = zvbench::memoryOfComponents();
   } catch (const std::exception& e) {
     std::cerr << "memory: " << e.what() << "\n";
     return 1;
@@ -43,7 +46,10 @@ int main(int argc, char** argv) {
   }
 
   QApplication app(argc, argv);
-  std::vector<char*> args(argv, argv + argc);
+  std::vector<char*> args;
+  for (int i = 0; i < argc; ++i)
+    if (std::strcmp(argv[i], "--no-memory") != 0)
+      args.push_back(argv[i]);
   std::string repetitions = "--benchmark_repetitions=5";
   std::string aggregates = "--benchmark_report_aggregates_only=true";
   if (!hasOption(argc, argv, "--benchmark_repetitions")) {

@@ -106,7 +106,7 @@ void MedianReporter::ReportRuns(const std::vector<Run>& runs) {
     if (run.error_occurred || !(median || single))
       continue;
     Measured m;
-    m.ns = toNanoseconds(run.GetAdjustedRealTime(), run.time_unit);
+    m.ns = toNanoseconds(run.GetAdjustedCPUTime(), run.time_unit);
     if (auto it = run.counters.find("bytes_per_second"); it != run.counters.end())
       m.bytesPerSecond = it->second.value;
     results_[run.run_name.function_name] = m;

@@ -11,7 +11,7 @@
 namespace zvbench {
 
 struct Measured {
-  double ns = 0;             // median real time of one iteration
+  double ns = 0;             // median CPU time of one iteration
   double bytesPerSecond = 0; // median throughput, where a benchmark counts bytes
 };
 using Results = std::map<std::string, Measured>;
