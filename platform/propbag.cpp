@@ -1,29 +1,28 @@
 #include "propbag.h"
 
-#include <strings.h>
-
 namespace zv {
 
 namespace {
-bool sameName(const std::string& a, const std::string& b) {
-  return a.size() == b.size() && strncasecmp(a.data(), b.data(), a.size()) == 0;
+std::string folded(const std::string& name) {
+  std::string key = name;
+  for (char& c : key)
+    if (c >= 'A' && c <= 'Z')
+      c = static_cast<char>(c - 'A' + 'a');
+  return key;
 }
 } // namespace
 
 Variant PropertyBag::ReadProperty(const std::string& name, const Variant& defaultValue) const {
-  for (const auto& [key, value] : entries_)
-    if (sameName(key, name))
-      return value;
-  return defaultValue;
+  const auto it = index_.find(folded(name));
+  return it == index_.end() ? defaultValue : entries_[it->second].second;
 }
 
 void PropertyBag::WriteProperty(const std::string& name, const Variant& value) {
-  for (auto& [key, stored] : entries_)
-    if (sameName(key, name)) {
-      stored = value;
-      return;
-    }
-  entries_.emplace_back(name, value);
+  const auto [it, added] = index_.try_emplace(folded(name), entries_.size());
+  if (added)
+    entries_.emplace_back(name, value);
+  else
+    entries_[it->second].second = value;
 }
 
 } // namespace zv

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -18,10 +19,15 @@ public:
   void WriteProperty(const std::string& name, const Variant& value);
 
   const std::vector<std::pair<std::string, Variant>>& entries() const { return entries_; }
-  void clear() { entries_.clear(); }
+  void clear() {
+    entries_.clear();
+    index_.clear();
+  }
 
 private:
   std::vector<std::pair<std::string, Variant>> entries_;
+  // Place in entries_ by the name in lower case, so a bag of many keys loads in linear time.
+  std::unordered_map<std::string, size_t> index_;
 };
 
 } // namespace zv
