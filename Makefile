@@ -2,10 +2,11 @@
 SHELL := /bin/bash
 PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev \
 	nlohmann-json3-dev qt6-base-dev libgl-dev fp-utils clang-format \
-	gcc-avr avr-libc binutils-avr simavr libsimavr-dev libelf-dev
+	gcc-avr avr-libc binutils-avr simavr libsimavr-dev libelf-dev \
+	clang libclang-rt-14-dev wine64 g++-mingw-w64-x86-64
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
-.PHONY: deps build test test-default test-asan demo bench format clean
+.PHONY: deps build test test-default test-asan demo bench format clean fuzz fuzz-smoke fuzz-build fuzz-run
 
 deps:
 	@missing=""; for p in $(PACKAGES); do \
@@ -21,7 +22,7 @@ build: deps
 	cmake --preset default >/dev/null
 	cmake --build --preset default
 
-test: test-default test-asan
+test: test-default test-asan fuzz-smoke
 
 test-default: build
 	ctest --preset default
@@ -30,6 +31,30 @@ test-asan: deps
 	cmake --preset asan >/dev/null
 	cmake --build --preset asan
 	ctest --preset asan
+
+# Fuzz targets (libFuzzer, sanitizers): fuzz-smoke runs each for a few seconds,
+# fuzz for FUZZ_SECONDS each. Found inputs go to build-fuzz/, never to fuzz/corpus.
+FUZZ_TARGETS := profile block_reader placeholders property_bag sim_macro_call register_entry
+FUZZ_SECONDS ?= 300
+
+fuzz-build: deps
+	cmake -S fuzz -B build-fuzz -G Ninja -DCMAKE_CXX_COMPILER=clang++ >/dev/null
+	cmake --build build-fuzz
+
+fuzz-smoke: fuzz-build
+	@$(MAKE) --no-print-directory fuzz-run FUZZ_SECONDS=9
+
+fuzz: fuzz-build
+	@$(MAKE) --no-print-directory fuzz-run
+
+fuzz-run:
+	@for t in $(FUZZ_TARGETS); do \
+	  mkdir -p build-fuzz/corpus/$$t build-fuzz/crashes; \
+	  echo "fuzz_$$t: $(FUZZ_SECONDS) s"; \
+	  ./build-fuzz/fuzz_$$t -max_total_time=$(FUZZ_SECONDS) -timeout=20 -rss_limit_mb=2048 \
+	    -print_final_stats=0 -artifact_prefix=build-fuzz/crashes/$$t- \
+	    build-fuzz/corpus/$$t fuzz/corpus/$$t 2>build-fuzz/$$t.log || { tail -40 build-fuzz/$$t.log; exit 1; }; \
+	done
 
 demo: build
 	./examples/run-demo.sh
@@ -43,4 +68,4 @@ format:
 	find platform component qt host tools tests bench fuzz -name '*.cpp' -o -name '*.h' | xargs clang-format -i
 
 clean:
-	rm -rf build build-asan build-release out
+	rm -rf build build-asan build-release build-fuzz out
