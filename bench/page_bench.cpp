@@ -38,9 +38,23 @@ void PageKeystroke(benchmark::State& state) {
   }
 }
 
+// Opening the page on a component: its start-up, then the selection read in.
+void PageOpen(benchmark::State& state) {
+  ComponentPtr component = createReady();
+  for (auto _ : state) {
+    PagePtr page = createPage();
+    page->site().SelectedControls = {&component->publicInterface()};
+    check(page->PropertyPage_SelectionChanged(), "PropertyPage_SelectionChanged");
+    state.PauseTiming();
+    page.reset();
+    state.ResumeTiming();
+  }
+}
+
 } // namespace
 
 void registerPage() {
+  add("PageOpen", PageOpen)->Unit(benchmark::kMicrosecond);
   add("PageKeystroke", PageKeystroke);
 }
 

@@ -130,8 +130,9 @@ int printTargets(std::ostream& out, const Results& results, double memoryMiB) {
   for (const char* size : {"64KiB", "1MiB", "16MiB"})
     t.throughputAtLeast(std::string("GetCodeFromFile/") + size, 1e9);
   t.linear("GetCodeFromFile/64KiB", "GetCodeFromFile/16MiB", 1.5);
-  for (const char* name : {"CanvasDirect", "OpenReadClose", "MacroCodeOverride/1KiB",
-                           "MacroCodeOverride/30KiB", "PropertiesRoundTrip", "PageKeystroke"})
+  for (const char* name :
+       {"CanvasDirect", "OpenReadClose", "MacroCodeOverride/1KiB", "MacroCodeOverride/30KiB",
+        "PropertiesRoundTrip", "PageOpen", "PageKeystroke"})
     t.noLimit(name);
   if (memoryMiB >= 0)
     t.rows.push_back({"100 ready components, above the empty host", printed("%.2f MiB", memoryMiB),
