@@ -19,10 +19,14 @@ constexpr size_t kFirstUnreachablePosition = 32766;
 // holds no "%" and so can't form a new placeholder. An occurrence at a 1-based
 // position at or beyond the limit fails, leaving the replacements made so far.
 void replaceAll(std::string& text, std::string_view placeholder, const std::string& value) {
+  size_t at = text.find(placeholder);
+  if (at == std::string::npos)
+    return;
   std::string done;
+  // Values are mostly one to three characters for two: half again is room enough.
+  done.reserve(text.size() + text.size() / 2);
   size_t consumed = 0;
-  for (size_t at = text.find(placeholder); at != std::string::npos;
-       at = text.find(placeholder, consumed)) {
+  for (; at != std::string::npos; at = text.find(placeholder, consumed)) {
     const size_t position = done.size() + (at - consumed) + 1;
     if (position >= kFirstUnreachablePosition) {
       text = done + text.substr(consumed);
@@ -32,8 +36,6 @@ void replaceAll(std::string& text, std::string_view placeholder, const std::stri
     done += value;
     consumed = at + placeholder.size();
   }
-  if (consumed == 0)
-    return;
   done.append(text, consumed, std::string::npos);
   text = std::move(done);
 }
