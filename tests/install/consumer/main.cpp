@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "component/core/plugin.h"
+#include "platform/msgbox.h"
 
 int main() {
   void* lib = dlopen(PLUGIN, RTLD_NOW);
