@@ -31,7 +31,8 @@ std::string PWM::GetIniKeyValue(std::string& lpApplicationName, std::string& lpK
     std::string buffer(kKeyBufferSize, ' ');
     const uint32_t n = getPrivateProfileString(lpApplicationName, lpKeyName, lpDefault, buffer,
                                                kKeyBufferSize, path);
-    return buffer.substr(0, n);
+    buffer.resize(n);
+    return buffer;
   } catch (const RuntimeError& e) {
     msgBox(e.description());
     return {};

@@ -1,5 +1,7 @@
 // The class's own public interface, reached by member name, and the object's
 // fields by their names for inspection.
+#include <utility>
+
 #include "../../platform/vbnum.h"
 #include "../core/pwm.h"
 
@@ -92,16 +94,16 @@ Variant PWM::callMethod(const std::string& name, std::vector<Variant>& args) {
     expectArgs(args, 3);
     std::string section = toStr(args[0]), key = toStr(args[1]), fallback = toStr(args[2]);
     Variant answer = Variant::str(GetIniKeyValue(section, key, fallback));
-    args[0] = Variant::str(section);
-    args[1] = Variant::str(key);
-    args[2] = Variant::str(fallback);
+    args[0] = Variant::str(std::move(section));
+    args[1] = Variant::str(std::move(key));
+    args[2] = Variant::str(std::move(fallback));
     return answer;
   }
   if (name == "GetCodeFromFile") {
     expectArgs(args, 1);
     std::string codeName = toStr(args[0]);
     Variant answer = Variant::str(GetCodeFromFile(codeName));
-    args[0] = Variant::str(codeName);
+    args[0] = Variant::str(std::move(codeName));
     return answer;
   }
   if (name == "Calc_Period_Freq") {
