@@ -1,5 +1,10 @@
 #include "render.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
 #include <QFont>
 #include <QGuiApplication>
 #include <QImage>
@@ -153,6 +158,12 @@ std::unique_ptr<QGuiApplication> ensureGuiApplication() {
     return nullptr;
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
+  // Without a runtime folder Qt warns on every start; a private one keeps stderr clean.
+  if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+    QByteArray dir = "/tmp/zelvor-runtime-" + QByteArray::number(getuid());
+    if (mkdir(dir.constData(), 0700) == 0 || errno == EEXIST)
+      qputenv("XDG_RUNTIME_DIR", dir);
+  }
   static int argc = 1;
   static char name[] = "zelvor-host";
   static char* argv[] = {name, nullptr};
