@@ -35,19 +35,19 @@ template <class P> constexpr bool isInOut() {
 // directions come from the signature, the names from the list. A get's last
 // parameter is its result.
 template <class... P>
-OpSpec op(OpKind kind, const char* name, zv::Status (I::*fn)(P...),
-          std::vector<const char*> names) {
+Operation op(OpKind kind, const char* name, zv::Status (I::*fn)(P...),
+             std::vector<const char*> names) {
   using Storage = std::tuple<std::decay_t<P>...>;
   constexpr size_t total = sizeof...(P);
   const size_t nArgs = kind == OpKind::Get ? total - 1 : total;
-  OpSpec spec{kind, name, {}, std::nullopt, {}};
+  Operation entry{kind, name, {}, std::nullopt, {}};
   constexpr ParamType types[] = {Slot<std::decay_t<P>>::type..., ParamType::Variant};
   constexpr bool inOut[] = {isInOut<P>()..., false};
   for (size_t i = 0; i < nArgs; ++i)
-    spec.params.push_back({i < names.size() ? names[i] : "?", types[i], inOut[i]});
+    entry.params.push_back({i < names.size() ? names[i] : "?", types[i], inOut[i]});
   if (kind == OpKind::Get)
-    spec.result = types[total - 1];
-  spec.invoke = [fn, nArgs](I& component, std::vector<zv::Variant>& args, zv::Variant& result) {
+    entry.result = types[total - 1];
+  entry.invoke = [fn, nArgs](I& component, std::vector<zv::Variant>& args, zv::Variant& result) {
     Storage s;
     [&]<size_t... K>(std::index_sequence<K...>) {
       ((K < nArgs ? void(std::get<K>(s) = Slot<std::decay_t<P>>::in(args[K])) : void()), ...);
@@ -65,14 +65,14 @@ OpSpec op(OpKind kind, const char* name, zv::Status (I::*fn)(P...),
     (std::index_sequence_for<P...>{});
     return status;
   };
-  return spec;
+  return entry;
 }
 
 constexpr OpKind G = OpKind::Get;
 constexpr OpKind P = OpKind::Put;
 constexpr OpKind C = OpKind::Call;
 
-std::vector<OpSpec> buildTable() {
+std::vector<Operation> buildTable() {
   return {
       op(G, "MultipleAllowed", &I::get_MultipleAllowed, {}),
       op(G, "MacroNames", &I::get_MacroNames, {}),
@@ -143,15 +143,15 @@ std::vector<OpSpec> buildTable() {
 
 } // namespace
 
-const std::vector<OpSpec>& hostOperations() {
-  static const std::vector<OpSpec> table = buildTable();
+const std::vector<Operation>& hostOperations() {
+  static const std::vector<Operation> table = buildTable();
   return table;
 }
 
-const OpSpec* findOperation(OpKind kind, std::string_view name) {
-  for (const OpSpec& spec : hostOperations())
-    if (spec.kind == kind && spec.name == name)
-      return &spec;
+const Operation* findOperation(OpKind kind, std::string_view name) {
+  for (const Operation& op : hostOperations())
+    if (op.kind == kind && op.name == name)
+      return &op;
   return nullptr;
 }
 

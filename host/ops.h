@@ -24,7 +24,7 @@ struct ParamSpec {
   bool inOut;
 };
 
-struct OpSpec {
+struct Operation {
   OpKind kind;
   std::string name;
   std::vector<ParamSpec> params; // the arguments a script gives, in order
@@ -36,8 +36,8 @@ struct OpSpec {
       invoke;
 };
 
-const std::vector<OpSpec>& hostOperations();
-const OpSpec* findOperation(OpKind kind, std::string_view name);
+const std::vector<Operation>& hostOperations();
+const Operation* findOperation(OpKind kind, std::string_view name);
 
 // The parameter names of a method of the component's public interface, for
 // reporting in/out values; empty when the method isn't known here.

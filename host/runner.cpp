@@ -286,7 +286,7 @@ Runner::Reply Runner::writeProps(LineScanner& scan) {
 
 Runner::Reply Runner::hostOperation(OpKind kind, LineScanner& scan) {
   const std::string name = scan.word();
-  const OpSpec* op = findOperation(kind, name);
+  const Operation* op = findOperation(kind, name);
   if (!op)
     throw ScriptError("unknown operation: " + name);
   zv::ComponentObject& c = component();
