@@ -17,7 +17,6 @@ TEST(FormatPicture, PanelAndPageReadOuts) {
       // The plot's period and duty texts.
       {0, "00.00 us", 15, "00.00 us"},
       {999.5, "00.00 us", 7, "999.50 us"},
-      {1.0, "00.00 ms", 7, "01.00 ms"},
       {1.66667, "00.00 ms", 7, "01.67 ms"},
       {512000, "00.00 ms", 7, "512000.00 ms"},
       {1e6, "00.00", 15, "1000000.00"},
@@ -29,11 +28,8 @@ TEST(FormatPicture, PanelAndPageReadOuts) {
       // The page's clock, period and frequency.
       {8.0, "0.0##### MHz", 15, "8.0 MHz"},
       {999.999, "0.0##### kHz", 15, "999.999 kHz"},
-      {32.768, "0.0##### kHz", 15, "32.768 kHz"},
       {15.625, "0.0##### KHz", 7, "15.625 KHz"},
       {0, "0.0##### ms", 7, "0.0 ms"},
-      {0, "0.0##### Hz", 7, "0.0 Hz"},
-      {1, "0.0#####", 15, "1.0"},
       {0.1234565, "0.0#####", 15, "0.123457"},
       {5e-7, "0.0#####", 15, "0.000001"},
       {1e-7, "0.0#####", 15, "0.0"},
@@ -65,22 +61,10 @@ TEST(FormatPicture, LiteralsPercentAndGrouping) {
 }
 
 TEST(CStr, DoubleAndSingleDigits) {
-  const struct {
-    double value;
-    const char* text;
-  } doubles[] = {{0, "0"},
-                 {1, "1"},
-                 {-2.5, "-2.5"},
-                 {0.1, "0.1"},
-                 {1.0 / 3, "0.333333333333333"},
-                 {123456789012345, "123456789012345"},
-                 {1e15, "1E+15"},
-                 {1e20, "1E+20"},
-                 {0.0001, "0.0001"},
-                 {0.00001, "1E-05"},
-                 {-1.5e-7, "-1.5E-07"}};
-  for (auto r : doubles)
-    EXPECT_EQ(strR8(r.value), r.text) << r.value;
+  std::string doubles;
+  for (double v : {0.0, -2.5, 0.1, 1.0 / 3, 123456789012345.0, 1e15, 0.0001, 0.00001, -1.5e-7})
+    doubles += strR8(v) + " ";
+  EXPECT_EQ(doubles, "0 -2.5 0.1 0.333333333333333 123456789012345 1E+15 0.0001 1E-05 -1.5E-07 ");
   EXPECT_EQ(strR4(0.1f), "0.1");
   EXPECT_EQ(strR4(1.0f / 3), "0.3333333");
   EXPECT_EQ(strR4(65.536f), "65.536");

