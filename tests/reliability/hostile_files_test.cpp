@@ -15,6 +15,12 @@
 namespace zvtest {
 namespace {
 
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kAddressSanitizer = true; // its quarantine keeps freed lines resident
+#else
+constexpr bool kAddressSanitizer = false;
+#endif
+
 const std::string kMissing = "Error - cannot find C code file:\r\n\r\n";
 
 class Hostile : public ComponentTest {
@@ -46,18 +52,22 @@ long peakKiB() {
 }
 
 TEST_F(Hostile, CodeFileOf64MiBIsScannedInBoundedMemory) {
-  std::string filler;
-  for (int i = 0; filler.size() < (size_t{64} << 20); ++i)
-    filler += "int filler_" + std::to_string(i) + " = 0; /* padding the code file */\r\n";
-  auto pwm =
-      createThenReplace("[Settings]\r\nDescription=Big\r\n" + filler +
-                        "/*DefinesCode_Start*/\r\n#define LAST 1\r\n/*DefinesCode_End*/\r\n");
-  filler = std::string();
+  auto pwm = createWith({"[Settings]", "Description=Hostile"});
+  {
+    // Written line by line, so that the test itself never holds the file.
+    std::ofstream file(folder.path() + "/Fixture.c", std::ios::binary | std::ios::trunc);
+    file << "[Settings]\r\nDescription=Big\r\n";
+    for (int i = 0; file.tellp() < (std::streamoff{64} << 20); ++i)
+      file << "int filler_" << i << " = 0; /* padding the code file */\r\n";
+    file << "/*DefinesCode_Start*/\r\n#define LAST 1\r\n/*DefinesCode_End*/\r\n";
+  }
   const long before = peakKiB();
   EXPECT_EQ(block(*pwm, "DefinesCode"), "#define LAST 1\n");
   EXPECT_EQ(block(*pwm, "Missing"), "//Error Reading Code For Hostile::Missing\r\n");
   // The line reader holds one block and one line, not the file.
-  EXPECT_LT(peakKiB() - before, 16 * 1024);
+  if (!kAddressSanitizer) {
+    EXPECT_LT(peakKiB() - before, 16 * 1024);
+  }
   EXPECT_EQ(key(*pwm, "Settings", "Description", "d"), "Big");
   EXPECT_TRUE(boxes.texts.empty());
 }
