@@ -44,24 +44,6 @@ TEST_F(ComponentTest, BlockReaderFollowsMarkersLineByLine) {
   }
 }
 
-TEST_F(ComponentTest, KeyReaderAnswersValueOrDefault) {
-  auto pwm = createWith({"[Settings]", "Description=" + std::string(300, 'x'), "[MacroNames]",
-                         "  1  =  First  ", "2=", "[Pins]", "Count=0"});
-  struct Case {
-    std::string section, key, fallback, expected;
-  };
-  const std::vector<Case> cases{
-      {"Settings", "Description", "d", std::string(254, 'x')},
-      {"MacroNames", " 1", "", "First"},
-      {"MacroNames", " 2", "dflt", ""}, // an empty value is no missing key
-      {"MacroNames", " 3", "dflt", "dflt"},
-  };
-  for (Case c : cases) {
-    EXPECT_EQ(pwm->GetIniKeyValue(c.section, c.key, c.fallback), c.expected) << c.key;
-  }
-  EXPECT_TRUE(boxes.texts.empty());
-}
-
 TEST_F(ComponentTest, MissingCodeFileIsReportedAtEveryRead) {
   auto pwm = createWith({});
   std::filesystem::remove(folder.path() + "/Fixture.c");
