@@ -54,7 +54,8 @@ bool PageDialog::apply() {
 }
 
 void PageDialog::accept() {
-  if (page_.site().Changed() && !apply())
+  // The labels raise no change, so OK applies whatever the page shows.
+  if (!apply())
     return;
   QDialog::accept();
 }

@@ -1,6 +1,6 @@
 // The property page in a dialog with OK, Cancel and Apply. Apply is enabled
 // while the site's Changed flag is set; applying runs the page's apply and
-// then clears the flag. OK applies when Changed, then closes; a failed apply
+// then clears the flag. OK applies what the page shows, then closes; a failed apply
 // keeps the dialog open with the failure shown. The page must outlive it.
 #pragma once
 
