@@ -9,7 +9,7 @@
 #include <nlohmann/json.hpp>
 
 #include "platform/controls/canvas.h"
-#include "platform/inspect.h"
+#include "platform/field_tree.h"
 #include "platform/propbag.h"
 #include "platform/variant.h"
 

@@ -9,7 +9,7 @@
 #include "../../platform/controls/pagesite.h"
 #include "../../platform/controls/widgets.h"
 #include "../../platform/dispatch.h"
-#include "../../platform/inspect.h"
+#include "../../platform/field_tree.h"
 #include "../../platform/propbag.h"
 #include "izelvor.h"
 
