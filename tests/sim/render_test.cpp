@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QImage>
-#include <filesystem>
-
 #include "fixture.h"
 #include "host/render.h"
 
@@ -40,26 +37,6 @@ TEST(Render, HiddenPanelIsEmptyAndTransparent) {
   const std::string svg = zvhost::panelSvg(p);
   EXPECT_FALSE(has(svg, "<rect"));
   EXPECT_FALSE(has(svg, "<line"));
-}
-
-TEST(Render, PngHasThePanelSizeAndItsColours) {
-  SimObject o(5, 1);
-  zv::PWM& p = *o.pwm;
-  ASSERT_TRUE(p.Refresh().ok());
-  const std::string path = o.folder + "/panel.png";
-  std::string error;
-  ASSERT_TRUE(zvhost::renderPanel(p, path, error)) << error;
-  QImage image(QString::fromStdString(path));
-  ASSERT_EQ(image.width(), 167);
-  ASSERT_EQ(image.height(), 126);
-  EXPECT_EQ(image.pixelColor(20, 40), QColor(0, 192, 0));   // canvas
-  EXPECT_EQ(image.pixelColor(5, 7), QColor(255, 255, 255)); // frame corner
-  // Line2 lies just below a one-channel panel: only Line1 shows.
-  EXPECT_EQ(image.pixelColor(20, 125), QColor(192, 192, 192));
-
-  EXPECT_FALSE(zvhost::renderPanel(p, o.folder + "/panel.bmp", error));
-  EXPECT_FALSE(error.empty());
-  EXPECT_FALSE(zvhost::renderPanel(p, o.folder + "/no/such/folder.svg", error));
 }
 
 } // namespace

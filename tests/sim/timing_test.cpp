@@ -27,6 +27,8 @@ TEST_P(TimingTable, PeriodInMicroseconds) {
   p.iClockDivider = c.divider;
   p.Calc_Period_Freq();
   EXPECT_NEAR(p.fPeriod, c.period, c.period * 1e-4f);
+  // Without a clock the default is filled in, even for a prescaler that stops it.
+  EXPECT_EQ(p.fTickPeriod, c.clock ? static_cast<float>(1.0 / c.clock) : 5.086263e-8f);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -39,18 +41,9 @@ INSTANTIATE_TEST_SUITE_P(
                       // No clock source, and the two external clocks: one second a pulse.
                       TimingCase{8000000, 255, -1, 1, 0}, TimingCase{8000000, 255, -2, 1, 512e6f},
                       TimingCase{19660800, 255, -3, 1, 512e6f}, TimingCase{0, 9, 0, 2, 40e6f},
+                      TimingCase{0, 255, -1, 1, 0}, TimingCase{0, 255, -2, 1, 512e6f},
                       // No device data yet: no cycles, whatever the prescaler.
                       TimingCase{8000000, 255, 1024, 0, 0}, TimingCase{8000000, 255, -2, 0, 0}));
-
-TEST(Timing, DefaultTickPeriodIsFilledInForEveryPrescaler) {
-  for (int16_t prescaler : {1, -1, -2}) {
-    SimObject o;
-    o.pwm->fTickPeriod = 0;
-    o.pwm->iPrescaler = prescaler;
-    o.pwm->Calc_Period_Freq();
-    EXPECT_EQ(o.pwm->fTickPeriod, 5.086263e-8f) << prescaler;
-  }
-}
 
 TEST(Timing, DividerOverflowFailsAndKeepsThePeriod) {
   SimObject o;
