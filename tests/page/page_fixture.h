@@ -2,6 +2,8 @@
 // headless message boxes installed.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <map>
 #include <string>
 #include <utility>
@@ -72,5 +74,10 @@ struct PageTest {
   Properties page;
   FakeComponent component;
 };
+
+// Names a parameterised case by its name field.
+template <typename Case> std::string caseName(const ::testing::TestParamInfo<Case>& info) {
+  return info.param.name;
+}
 
 } // namespace zv::test

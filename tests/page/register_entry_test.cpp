@@ -50,7 +50,6 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         TypingCase{"Typing300", 7, {"", "3", "30", "300"}, {"", "3", "30", "0"}, 1, 0, 255, 3},
         TypingCase{"Typing255", 7, {"", "2", "25", "255"}, {"", "2", "25", "255"}, 0, 255, 0, 2},
-        TypingCase{"Typing256", 7, {"2", "25", "256"}, {"2", "25", "0"}, 1, 0, 255, 3},
         TypingCase{"PlainNumber", 3, {"100"}, {"100"}, 0, 100, 155, 2},
         TypingCase{"LeadingZeroMovesBar", 3, {"07"}, {"7"}, 0, 7, 248, 3},
         TypingCase{"LeadingZeroSameRegister", 7, {"07"}, {"07"}, 0, 7, 248, 1},
@@ -60,11 +59,10 @@ INSTANTIATE_TEST_SUITE_P(
         TypingCase{"Emptied", 42, {""}, {""}, 0, 42, 213, 0},
         TypingCase{"EmptiedThenDigit", 42, {"", "9"}, {"", "9"}, 0, 9, 246, 2},
         TypingCase{"LoneMinus", 42, {"-"}, {"0"}, 1, 0, 255, 3},
-        TypingCase{"Letter", 42, {"4x"}, {"0"}, 1, 0, 255, 3},
         TypingCase{"JustAbove", 42, {"255.4"}, {"0"}, 1, 0, 255, 3},
         // From "0" the bar already stands at 255: only the nested and outer runs remain.
         TypingCase{"BadFromZero", 0, {"x"}, {"0"}, 1, 0, 255, 2}),
-    [](const auto& info) { return std::string(info.param.name); });
+    caseName<TypingCase>);
 
 struct BarCase {
   const char* name;
@@ -109,7 +107,7 @@ INSTANTIATE_TEST_SUITE_P(
                       BarCase{"DragAboveFromRegister", 100, 1000, "0", 0, 255, 3},
                       BarCase{"DragToTopOfRangeFromZero", 0, 32767, "0", 0, 255, 2},
                       BarCase{"DragWithinRange", 100, 5, "250", 250, 5, 2}),
-    [](const auto& info) { return std::string(info.param.name); });
+    caseName<BarCase>);
 
 } // namespace
 } // namespace zv::test
