@@ -1,5 +1,7 @@
 #include "label_view.h"
 
+#include <algorithm>
+
 namespace zvqt {
 
 namespace {
@@ -29,6 +31,18 @@ void LabelView::sync() {
   if (text() != caption)
     setText(caption);
   setAlignment(alignmentOf(label_.Alignment()));
+  const bool prompt = label_.Alignment() == zv::Label::RightJustify && label_.BorderStyle() == 0;
+  setWordWrap(!prompt);
+  if (prompt) {
+    // The twips were laid out for a narrower font: a prompt grows to its left,
+    // towards the space before it, rather than wrapping out of sight.
+    const int need = fontMetrics().horizontalAdvance(caption) + 2;
+    if (need > width()) {
+      QRect g = geometry();
+      g.setLeft(std::max(0, g.right() + 1 - need));
+      setGeometry(g);
+    }
+  }
   if (label_.BorderStyle() == 1) {
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setLineWidth(1);
