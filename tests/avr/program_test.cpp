@@ -1,6 +1,6 @@
 #include <regex>
 
-#include "scenario.h"
+#include "harness.h"
 
 namespace zvavr {
 namespace {
@@ -12,11 +12,8 @@ Device firstDevice() {
 
 TEST(Program, HasOneFunctionPerMacroAndTheCallsInOrder) {
   Scenario s(firstDevice());
-  ASSERT_TRUE(s.start().ok());
-  ASSERT_TRUE(s.call(Enable, {1}).ok());
-  ASSERT_TRUE(s.call(SetDuty, {1, 200}).ok());
-  ASSERT_TRUE(s.call(Enable, {2}).ok());
-  ASSERT_TRUE(s.call(SetDutyHighLow, {2, 3, 17}).ok());
+  ASSERT_TRUE(
+      s.run({{Enable, {1}}, {SetDuty, {1, 200}}, {Enable, {2}}, {SetDutyHighLow, {2, 3, 17}}}));
   std::string program, error;
   ASSERT_TRUE(zvhost::generateProgram(s.pwm(), s.calls(), program, error)) << error;
 

@@ -2,7 +2,7 @@
 #include <string>
 #include <tuple>
 
-#include "scenario.h"
+#include "harness.h"
 
 namespace zvavr {
 namespace {
@@ -17,43 +17,26 @@ void PrintTo(const ClockSource& c, std::ostream* os) {
 const ClockSource kClocks[] = {{1, "clk1"}, {2, "clk8"}, {3, "clk64"}, {5, "clk1024"}, {0, "none"}};
 const long kPr2s[] = {0, 99, 255};
 
-std::string testName() {
-  const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-  std::string name = std::string(info->test_suite_name()) + "." + info->name();
-  std::replace(name.begin(), name.end(), '/', '_');
-  return name;
-}
-
-// Duties in pairs, one per channel: off, the smallest, a spread, and one
-// above a whole period where the register leaves room for it.
-std::vector<std::pair<long, long>> dutyPairs(long pr2) {
-  return {{0, 1}, {64, 128}, {255, std::min(pr2 + 2, 255L)}};
-}
-
 using Case = std::tuple<Device, long, ClockSource>;
 
 class OnChipMatrix : public testing::TestWithParam<Case> {};
 
 TEST_P(OnChipMatrix, PinsShowThePeriodAndDutyOfTheModel) {
   const auto& [device, pr2, clock] = GetParam();
-  int run = 0;
-  for (const auto& [duty1, duty2] : dutyPairs(pr2)) {
-    SCOPED_TRACE("duties " + std::to_string(duty1) + ", " + std::to_string(duty2));
+  // Duties in pairs, one per channel: off, the smallest, a spread, and one
+  // above a whole period where the register leaves room for it.
+  const std::pair<long, long> duties[] = {{0, 1}, {64, 128}, {255, std::min(pr2 + 2, 255L)}};
+  for (const auto& [duty1, duty2] : duties) {
+    const std::string run = std::to_string(duty1) + "_" + std::to_string(duty2);
+    SCOPED_TRACE("duties " + run);
     Scenario s(device);
-    ASSERT_TRUE(s.start().ok());
-    ASSERT_TRUE(s.call(Enable, {1}).ok());
-    ASSERT_TRUE(s.call(Enable, {2}).ok());
-    ASSERT_TRUE(s.call(ChangePeriod, {pr2, clock.code}).ok());
-    ASSERT_TRUE(s.call(SetDuty, {1, duty1}).ok());
-    ASSERT_TRUE(s.call(SetDuty, {2, duty2}).ok());
+    ASSERT_TRUE(s.run({{Enable, {1}},
+                       {Enable, {2}},
+                       {ChangePeriod, {pr2, clock.code}},
+                       {SetDuty, {1, duty1}},
+                       {SetDuty, {2, duty2}}}));
     EXPECT_TRUE(s.boxes().empty());
-    const Expected one = s.expected(1), two = s.expected(2);
-    Measurement m = runOnChip(s, testName() + "_" + std::to_string(run++), device.bit1, device.bit2,
-                              windowFor(one, two));
-    if (!m.ok)
-      continue;
-    EXPECT_TRUE(shows(m.a, one)) << "channel 1";
-    EXPECT_TRUE(shows(m.b, two)) << "channel 2";
+    expectOnChip(s, run);
   }
 }
 
@@ -70,41 +53,45 @@ INSTANTIATE_TEST_SUITE_P(Devices, OnChipMatrix,
 class OnChip : public testing::TestWithParam<Device> {};
 
 TEST_P(OnChip, SettingsFromThePageStartTheTimer) {
-  const Device& device = GetParam();
-  Scenario s(device);
+  Scenario s(GetParam());
   s.pwm().setPr2(99);
   s.pwm().setPrescaler(8);
-  ASSERT_TRUE(s.start().ok());
-  ASSERT_TRUE(s.call(Enable, {1}).ok());
-  ASSERT_TRUE(s.call(Enable, {2}).ok());
-  ASSERT_TRUE(s.call(SetDuty, {1, 30}).ok());
-  ASSERT_TRUE(s.call(SetDuty, {2, 70}).ok());
-  const Expected one = s.expected(1), two = s.expected(2);
-  EXPECT_EQ(one.period, 1600u);
-  Measurement m = runOnChip(s, testName(), device.bit1, device.bit2, windowFor(one, two));
-  if (m.ok) {
-    EXPECT_TRUE(shows(m.a, one));
-    EXPECT_TRUE(shows(m.b, two));
-  }
+  ASSERT_TRUE(s.run({{Enable, {1}}, {Enable, {2}}, {SetDuty, {1, 30}}, {SetDuty, {2, 70}}}));
+  EXPECT_EQ(s.expected(1).period, 1600u);
+  expectOnChip(s);
 }
 
 TEST_P(OnChip, DisabledChannelGoesLowAndTheOtherRunsOn) {
+  Scenario s(GetParam());
+  ASSERT_TRUE(s.run({{ChangePeriod, {49, 1}},
+                     {Enable, {1}},
+                     {SetDuty, {1, 20}},
+                     {Enable, {2}},
+                     {SetDuty, {2, 20}},
+                     {Disable, {2}}}));
+  ASSERT_TRUE(s.expected(2).steady);
+  expectOnChip(s);
+}
+
+// OC1C carries channel 2; OC1B is left alone: an input, and no waveform.
+TEST_P(OnChip, AlternativePinCarriesChannelTwo) {
   const Device& device = GetParam();
+  if (!device.hasAlt || !device.simavrAlt)
+    GTEST_SKIP() << "no alternative pin that simavr drives on " << device.name;
   Scenario s(device);
-  ASSERT_TRUE(s.start().ok());
-  ASSERT_TRUE(s.call(ChangePeriod, {49, 1}).ok());
-  for (long channel : {1, 2}) {
-    ASSERT_TRUE(s.call(Enable, {channel}).ok());
-    ASSERT_TRUE(s.call(SetDuty, {channel, 20}).ok());
-  }
-  ASSERT_TRUE(s.call(Disable, {2}).ok());
-  const Expected one = s.expected(1), two = s.expected(2);
-  ASSERT_TRUE(two.steady);
-  Measurement m = runOnChip(s, testName(), device.bit1, device.bit2, windowFor(one, two));
-  if (m.ok) {
-    EXPECT_TRUE(shows(m.a, one));
-    EXPECT_TRUE(shows(m.b, two));
-  }
+  s.pwm().setUseAltPin(-1);
+  ASSERT_TRUE(s.run({{ChangePeriod, {99, 1}},
+                     {Enable, {1}},
+                     {SetDuty, {1, 30}},
+                     {Enable, {2}},
+                     {SetDuty, {2, 60}}}));
+  expectOnChip(s, "", {.bitB = device.bitAlt});
+  const Measurement b = measure(device, device.bit2, device.bitAlt,
+                                buildDir() + "/tests/avr-work/" + testName() + "/pwm.elf", 16000000,
+                                windowFor(s.expected(1), s.expected(2)));
+  ASSERT_TRUE(b.ok) << b.error;
+  EXPECT_EQ(b.a.ddr, 0);
+  EXPECT_TRUE(b.a.steady);
 }
 
 INSTANTIATE_TEST_SUITE_P(Devices, OnChip, testing::ValuesIn(allDevices()),
@@ -112,78 +99,20 @@ INSTANTIATE_TEST_SUITE_P(Devices, OnChip, testing::ValuesIn(allDevices()),
                            return info.param.name;
                          });
 
-std::vector<Device> withAlternativePin() {
-  std::vector<Device> out;
-  for (const Device& d : allDevices())
-    if (d.hasAlt)
-      out.push_back(d);
-  return out;
-}
-
-class OnChipAlternative : public testing::TestWithParam<Device> {};
-
-TEST_P(OnChipAlternative, CarriesChannelTwo) {
-  const Device& device = GetParam();
-  if (!device.simavrAlt)
-    GTEST_SKIP() << "simavr does not drive OC1C on " << device.core;
-  Scenario s(device);
-  s.pwm().setUseAltPin(-1);
-  ASSERT_TRUE(s.start().ok());
-  ASSERT_TRUE(s.call(ChangePeriod, {99, 1}).ok());
-  for (long channel : {1, 2}) {
-    ASSERT_TRUE(s.call(Enable, {channel}).ok());
-    ASSERT_TRUE(s.call(SetDuty, {channel, channel * 30}).ok());
-  }
-  const Expected one = s.expected(1), two = s.expected(2);
-  const Window w = windowFor(one, two);
-  Measurement m = runOnChip(s, testName(), device.bit1, device.bitAlt, w);
-  if (!m.ok)
-    return;
-  EXPECT_TRUE(shows(m.a, one));
-  EXPECT_TRUE(shows(m.b, two));
-  // OC1B is left alone: an input, and no waveform.
-  Measurement b = measure(device, device.bit2, device.bitAlt,
-                          buildDir() + "/tests/avr-work/" + testName() + "/pwm.elf", 16000000, w);
-  ASSERT_TRUE(b.ok) << b.error;
-  EXPECT_EQ(b.a.ddr, 0);
-  EXPECT_TRUE(b.a.steady);
-}
-
-INSTANTIATE_TEST_SUITE_P(Devices, OnChipAlternative, testing::ValuesIn(withAlternativePin()),
-                         [](const testing::TestParamInfo<Device>& info) {
-                           return info.param.name;
-                         });
-
-Device byName(const std::string& name) {
-  for (const Device& d : allDevices())
-    if (d.name == name)
-      return d;
-  ADD_FAILURE() << "no device file for " << name;
-  return {};
-}
-
 TEST(OnChipMacros, TenBitDutyIsReducedAsInTheSimulation) {
   struct Case {
     long high, low;
     long duty; // what the panel shows
   };
   const Case cases[] = {{1, 0, 64}, {1, 3, 64}, {0, 3, 0}, {2, 128, 160}, {7, 255, 255}, {0, 4, 1}};
-  const Device device = byName("ATmega328P");
-  int run = 0;
   for (const Case& c : cases) {
-    SCOPED_TRACE("high " + std::to_string(c.high) + " low " + std::to_string(c.low));
-    Scenario s(device);
-    ASSERT_TRUE(s.start().ok());
-    ASSERT_TRUE(s.call(ChangePeriod, {255, 1}).ok());
-    ASSERT_TRUE(s.call(Enable, {1}).ok());
-    ASSERT_TRUE(s.call(SetDutyHighLow, {1, c.high, c.low}).ok());
+    const std::string run = std::to_string(c.high) + "_" + std::to_string(c.low);
+    SCOPED_TRACE("high, low " + run);
+    Scenario s(byName("ATmega328P"));
+    ASSERT_TRUE(
+        s.run({{ChangePeriod, {255, 1}}, {Enable, {1}}, {SetDutyHighLow, {1, c.high, c.low}}}));
     EXPECT_EQ(s.pwm().aDuty[0], c.duty);
-    const Expected one = s.expected(1), two = s.expected(2);
-    Measurement m = runOnChip(s, testName() + "_" + std::to_string(run++), device.bit1, device.bit2,
-                              windowFor(one, two));
-    if (m.ok) {
-      EXPECT_TRUE(shows(m.a, one));
-    }
+    expectOnChip(s, run, {.channel2 = false});
   }
 }
 
@@ -197,52 +126,24 @@ TEST(OnChipMacros, ExternalClockCountsTheT1Pin) {
     for (long code : {6, 7}) {
       SCOPED_TRACE(device.name + " code " + std::to_string(code));
       Scenario s(device);
-      ASSERT_TRUE(s.start().ok());
-      ASSERT_TRUE(s.call(ChangePeriod, {99, code}).ok());
-      ASSERT_TRUE(s.call(Enable, {1}).ok());
-      ASSERT_TRUE(s.call(Enable, {2}).ok());
-      ASSERT_TRUE(s.call(SetDuty, {1, 25}).ok());
-      ASSERT_TRUE(s.call(SetDuty, {2, 75}).ok());
-      const Expected one = s.expected(1, t1Clock), two = s.expected(2, t1Clock);
-      EXPECT_EQ(one.period, 3200u);
-      Window w = windowFor(one, two);
-      w.t1Clock = t1Clock;
-      Measurement m = runOnChip(s, testName() + "_" + device.name + "_" + std::to_string(code),
-                                device.bit1, device.bit2, w);
-      if (m.ok) {
-        EXPECT_TRUE(shows(m.a, one));
-        EXPECT_TRUE(shows(m.b, two));
-      }
+      ASSERT_TRUE(s.run({{ChangePeriod, {99, code}},
+                         {Enable, {1}},
+                         {Enable, {2}},
+                         {SetDuty, {1, 25}},
+                         {SetDuty, {2, 75}}}));
+      EXPECT_EQ(s.expected(1, t1Clock).period, 3200u);
+      expectOnChip(s, device.name + "_" + std::to_string(code), {.t1Clock = t1Clock});
     }
   }
 }
 
 // Clock source codes above 7 keep the running clock, on chip and in the model.
 TEST(OnChipMacros, UnknownClockCodeKeepsTheClock) {
-  const Device device = byName("ATmega644");
-  Scenario s(device);
-  ASSERT_TRUE(s.start().ok());
-  ASSERT_TRUE(s.call(ChangePeriod, {99, 2}).ok());
-  ASSERT_TRUE(s.call(ChangePeriod, {49, 8}).ok());
-  ASSERT_TRUE(s.call(Enable, {1}).ok());
-  ASSERT_TRUE(s.call(SetDuty, {1, 10}).ok());
-  const Expected one = s.expected(1), two = s.expected(2);
-  EXPECT_EQ(one.period, 800u);
-  Measurement m = runOnChip(s, testName(), device.bit1, device.bit2, windowFor(one, two));
-  if (m.ok) {
-    EXPECT_TRUE(shows(m.a, one));
-  }
-}
-
-// One run of periods as a pin that shows nothing else.
-Pin asPin(const Segment& g) {
-  Pin p;
-  p.ddr = 1;
-  p.steady = false;
-  p.periods = g.periods;
-  p.period = g.period;
-  p.high = g.high;
-  return p;
+  Scenario s(byName("ATmega644"));
+  ASSERT_TRUE(
+      s.run({{ChangePeriod, {99, 2}}, {ChangePeriod, {49, 8}}, {Enable, {1}}, {SetDuty, {1, 10}}}));
+  EXPECT_EQ(s.expected(1).period, 800u);
+  expectOnChip(s, "", {.channel2 = false});
 }
 
 // A period change while both channels run: the old waveform holds for a
@@ -252,32 +153,31 @@ TEST(OnChipMacros, PeriodChangeWhileRunning) {
     SCOPED_TRACE(name);
     const Device device = byName(name);
     Scenario s(device);
-    ASSERT_TRUE(s.start().ok());
-    ASSERT_TRUE(s.call(ChangePeriod, {99, 2}).ok());
-    ASSERT_TRUE(s.call(Enable, {1}).ok());
-    ASSERT_TRUE(s.call(Enable, {2}).ok());
-    ASSERT_TRUE(s.call(SetDuty, {1, 40}).ok());
-    ASSERT_TRUE(s.call(SetDuty, {2, 90}).ok());
-    const Expected before1 = s.expected(1), before2 = s.expected(2);
+    ASSERT_TRUE(s.run({{ChangePeriod, {99, 2}},
+                       {Enable, {1}},
+                       {Enable, {2}},
+                       {SetDuty, {1, 40}},
+                       {SetDuty, {2, 90}}}));
+    const Expected before[] = {s.expected(1), s.expected(2)};
     ASSERT_TRUE(s.call(ChangePeriod, {199, 1}).ok());
-    const Expected after1 = s.expected(1), after2 = s.expected(2);
-    ASSERT_NE(before1.period, after1.period);
+    const Expected after[] = {s.expected(1), s.expected(2)};
+    ASSERT_NE(before[0].period, after[0].period);
 
     // About 20 old periods of busy waiting before the last call.
     const std::string wait = "    for (volatile unsigned int wait = 0; wait < 2500; wait++) {}\n";
-    const Window w{60000 + 10 * after1.period, 0, 8};
-    Measurement m = runOnChip(s, testName() + "_" + name, device.bit1, device.bit2, w, wait);
+    const Window w{60000 + 10 * after[0].period, 0, 8};
+    Measurement m = runOnChip(s, testName(name), device.bit1, device.bit2, w, wait);
     if (!m.ok)
       continue;
-    struct Channel {
-      const Pin& pin;
-      Expected before, after;
-    };
-    for (const Channel& c : {Channel{m.a, before1, after1}, Channel{m.b, before2, after2}}) {
-      EXPECT_TRUE(shows(c.pin, c.after));
-      const bool oldRun = std::any_of(c.pin.segments.begin(), c.pin.segments.end(),
-                                      [&](const Segment& g) { return shows(asPin(g), c.before); });
-      EXPECT_TRUE(oldRun) << "no run of the old period " << c.before.period;
+    for (int i : {0, 1}) {
+      const Pin& pin = i ? m.b : m.a;
+      EXPECT_TRUE(shows(pin, after[i])) << "channel " << i + 1;
+      // A run of periods is shown as a pin that shows nothing else.
+      const bool oldRun =
+          std::any_of(pin.segments.begin(), pin.segments.end(), [&](const Segment& g) {
+            return shows({1, 0, false, g.period, g.high, g.periods, {}}, before[i]);
+          });
+      EXPECT_TRUE(oldRun) << "no run of the old period " << before[i].period;
     }
   }
 }

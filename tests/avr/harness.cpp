@@ -1,0 +1,255 @@
+#include "harness.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include <nlohmann/json.hpp>
+
+#include "platform/profile.h"
+
+namespace fs = std::filesystem;
+
+namespace zvavr {
+
+// pwm-measure's summary of a pin, field for field.
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Segment, start, periods, period, high)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Pin, ddr, level, steady, period, high, periods, segments)
+
+namespace {
+
+std::string key(const std::string& path, const char* name) {
+  std::string out;
+  zv::getPrivateProfileString("Device", name, "", out, 255, path);
+  return out;
+}
+
+int number(const std::string& path, const char* name, int fallback) {
+  return zv::getPrivateProfileInt("Device", name, fallback, path);
+}
+
+std::string readAll(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::stringstream s;
+  s << in.rdbuf();
+  return s.str();
+}
+
+std::string fromEnv(const char* name, const char* fallback) {
+  const char* env = std::getenv(name);
+  return env ? env : fallback;
+}
+
+} // namespace
+
+std::string buildDir() {
+  return fromEnv("ZV_BUILD_DIR", ZV_AVR_BUILD_DIR);
+}
+
+std::vector<Device> allDevices() {
+  std::vector<Device> out;
+  for (const auto& entry :
+       fs::directory_iterator(fromEnv("ZV_SOURCE_DIR", ZV_AVR_SOURCE_DIR) + "/devices")) {
+    const std::string f = entry.path().string();
+    if (entry.path().extension() != ".zvd")
+      continue;
+    const std::string port = key(f, "PwmPort");
+    out.push_back({f, key(f, "Name"), key(f, "Mmcu"), key(f, "SimavrCore"),
+                   port.empty() ? '?' : port[0], number(f, "PwmBit1", -1), number(f, "PwmBit2", -1),
+                   number(f, "PwmBitAlt", -1), number(f, "HasAltPWM", 0),
+                   number(f, "SimavrAltPWM", 0) != 0, number(f, "SimavrT1Clock", 0) != 0});
+  }
+  std::sort(out.begin(), out.end(),
+            [](const Device& x, const Device& y) { return x.name < y.name; });
+  return out;
+}
+
+Device byName(const std::string& name) {
+  for (const Device& d : allDevices())
+    if (d.name == name)
+      return d;
+  ADD_FAILURE() << "no device file for " << name;
+  return {};
+}
+
+std::string workDir(const std::string& name) {
+  fs::path dir = fs::path(buildDir()) / "tests" / "avr-work" / name;
+  fs::remove_all(dir);
+  fs::create_directories(dir);
+  return dir.string();
+}
+
+bool compile(const Device& d, const std::string& dir, const std::string& name,
+             const std::string& program, std::string& log) {
+  const std::string base = dir + "/" + name;
+  std::ofstream(base + ".c", std::ios::binary) << program;
+  const int rc =
+      std::system((std::string(ZV_AVR_GCC) + " -Wall -Wextra -Werror -Os -mmcu=" + d.mmcu + " '" +
+                   base + ".c' -o '" + base + ".elf' > '" + base + ".log' 2>&1")
+                      .c_str());
+  log = readAll(base + ".log");
+  return rc == 0;
+}
+
+Measurement measure(const Device& d, int bitA, int bitB, const std::string& elf, uint32_t freq,
+                    const Window& w) {
+  Measurement m;
+  const std::string json = elf + ".json";
+  std::ostringstream cmd;
+  cmd << ZV_PWM_MEASURE << " --mcu " << d.core << " --freq " << freq << " --cycles " << w.cycles
+      << " --from " << w.from << " --tolerance " << w.tolerance << " --port " << d.port
+      << " --bit-a " << bitA << " --bit-b " << bitB << " --t1-clock " << w.t1Clock << " '" << elf
+      << "'";
+  const int rc = std::system((cmd.str() + " > '" + json + "' 2> '" + json + ".err'").c_str());
+  const std::string text = readAll(json);
+  if (rc != 0) {
+    m.error = cmd.str() + " failed: " + readAll(json + ".err") + text;
+    return m;
+  }
+  try {
+    const auto j = nlohmann::json::parse(text);
+    m.state = j.at("state");
+    m.a = j.at("a");
+    m.b = j.at("b");
+    m.ok = true;
+  } catch (const std::exception& e) {
+    m.error = std::string("unreadable measurement: ") + e.what() + "\n" + text;
+  }
+  return m;
+}
+
+Scenario::Scenario(const Device& device, int32_t clock) : device_(device), clock_(clock) {
+  zv::setMessageBoxService(&boxes_);
+  pwm_ = std::make_unique<zv::PWM>(zv::LibraryFacts{buildDir() + "/lib", "AVR_PWM", 4, 0, 0});
+  EXPECT_TRUE(pwm_->put_ZelvorVersion(1024).ok());
+  EXPECT_TRUE(pwm_->put_ZvdFilename(device.file).ok());
+  EXPECT_TRUE(pwm_->put_ClockSpeed(clock).ok());
+}
+
+Scenario::~Scenario() {
+  pwm_.reset();
+  zv::setMessageBoxService(nullptr);
+}
+
+testing::AssertionResult Scenario::run(const std::vector<zvhost::MacroCall>& calls) {
+  calls_.clear();
+  if (!pwm_->StartSimulation().ok())
+    return testing::AssertionFailure() << "StartSimulation failed";
+  for (size_t i = 0; i < calls.size(); ++i)
+    if (zv::Status s = call(calls[i].macroId, calls[i].args); !s.ok())
+      return testing::AssertionFailure() << "call " << i << " failed: " << s.description;
+  return testing::AssertionSuccess();
+}
+
+zv::Status Scenario::call(int32_t macro, std::vector<long> args) {
+  zv::SafeArray params(zv::VarType::Variant, 0, static_cast<int32_t>(args.size()) - 1);
+  for (size_t i = 0; i < args.size(); ++i)
+    params.set(static_cast<int32_t>(i), zv::Variant::i2(static_cast<int16_t>(args[i])));
+  int32_t result = 0, cycles = 0;
+  zv::Variant affected;
+  zv::Status status =
+      pwm_->SimMacroCall(macro, zv::Variant::array(std::move(params)), result, affected, cycles);
+  if (status.ok())
+    calls_.push_back({macro, std::move(args)});
+  return status;
+}
+
+Expected Scenario::expected(int channel, uint32_t t1Clock) const {
+  const zv::PWM& p = *pwm_;
+  const bool external = p.iPrescaler == -2 || p.iPrescaler == -3;
+  // Clock cycles of the target in one unit of the model's period.
+  const double cyclesPerUnit = external ? double(p.lClockSpeed) / t1Clock : p.lClockSpeed / 1e6;
+  Expected e;
+  e.count = external           ? static_cast<uint64_t>(p.lClockSpeed / t1Clock)
+            : p.iPrescaler > 0 ? static_cast<uint64_t>(p.iPrescaler)
+                               : 1;
+  const bool on = p.aChannelOn[channel - 1] != 0;
+  const int duty = p.aDuty[channel - 1];
+  const int counts = p.iPr2 + 1;
+  if (!on || duty == 0)
+    return e;
+  if (duty >= counts) {
+    e.level = 1;
+    return e;
+  }
+  const double units = external ? p.fPeriod / 1e6 : p.fPeriod; // seconds or microseconds
+  const long long period = std::llround(units * cyclesPerUnit);
+  if (period <= 0) // no clock: the timer stands
+    return e;
+  e.steady = false;
+  e.period = static_cast<uint64_t>(period);
+  e.high = static_cast<uint64_t>(std::llround(double(period) * duty / counts));
+  return e;
+}
+
+Window windowFor(const Expected& one, const Expected& two) {
+  const uint64_t period = std::max({one.period, two.period, uint64_t(1000)});
+  const uint64_t settle = 4000; // start-up and the calls
+  return {settle + 7 * period, settle + 2 * period, std::max(one.count, two.count) - 1};
+}
+
+testing::AssertionResult shows(const Pin& pin, const Expected& e) {
+  // Less than one timer count off: a count too many or too few is a fault.
+  auto near = [&](uint64_t got, uint64_t want) {
+    return (got > want ? got - want : want - got) < e.count;
+  };
+  if (!pin.ddr)
+    return testing::AssertionFailure() << "the pin is no output";
+  if (e.steady
+          ? pin.steady && pin.level == e.level
+          : !pin.steady && pin.periods >= 3 && near(pin.period, e.period) && near(pin.high, e.high))
+    return testing::AssertionSuccess();
+  return testing::AssertionFailure()
+         << "want " << (e.steady ? "steady " + std::to_string(e.level) : "edges") << " period "
+         << e.period << " high " << e.high << " (less than " << e.count << "), got "
+         << (pin.steady ? "steady " : "edges, last ") << pin.level << " period " << pin.period
+         << " high " << pin.high << " over " << pin.periods << " periods";
+}
+
+std::string testName(const std::string& suffix) {
+  const auto* info = testing::UnitTest::GetInstance()->current_test_info();
+  std::string name = std::string(info->test_suite_name()) + "." + info->name() +
+                     (suffix.empty() ? "" : "_" + suffix);
+  std::replace(name.begin(), name.end(), '/', '_');
+  return name;
+}
+
+Measurement runOnChip(Scenario& s, const std::string& test, int bitA, int bitB, const Window& w,
+                      const std::string& programEdit) {
+  std::string program, error, log;
+  EXPECT_TRUE(zvhost::generateProgram(s.pwm(), s.calls(), program, error)) << error;
+  if (!programEdit.empty()) {
+    const size_t idle = program.rfind("    for (;;) {}");
+    const size_t last = program.rfind("\n    ", idle - 2);
+    program.insert(last + 1, programEdit);
+  }
+  const std::string dir = workDir(test);
+  if (!compile(s.device(), dir, "pwm", program, log)) {
+    ADD_FAILURE() << "avr-gcc for " << s.device().mmcu << ":\n" << log << "\n" << program;
+    return {};
+  }
+  Measurement m =
+      measure(s.device(), bitA, bitB, dir + "/pwm.elf", static_cast<uint32_t>(s.clock()), w);
+  EXPECT_TRUE(m.ok) << m.error;
+  EXPECT_EQ(m.state, "running");
+  return m;
+}
+
+void expectOnChip(Scenario& s, const std::string& suffix, const OnChipRun& run) {
+  const Expected one = s.expected(1, run.t1Clock), two = s.expected(2, run.t1Clock);
+  Window w = windowFor(one, two);
+  w.t1Clock = run.t1Clock;
+  const Device& d = s.device();
+  const Measurement m = runOnChip(s, testName(suffix), d.bit1, run.bitB < 0 ? d.bit2 : run.bitB, w);
+  if (m.ok) {
+    EXPECT_TRUE(shows(m.a, one)) << "channel 1";
+    if (run.channel2) {
+      EXPECT_TRUE(shows(m.b, two)) << "channel 2";
+    }
+  }
+}
+
+} // namespace zvavr

@@ -1,0 +1,141 @@
+// The on-chip tests' harness. The host side: a component built from the real
+// code file in the build's lib folder, driven by simulated macro calls that
+// are recorded for the program, and what its model says each pin must do.
+// The target side: the device files, the program built with avr-gcc, and its
+// pins timed with pwm-measure on simavr.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "component/core/pwm.h"
+#include "host/program.h"
+#include "platform/msgbox.h"
+
+namespace zvavr {
+
+// One devices/*.zvd file with what the tests need of it.
+struct Device {
+  std::string file; // full path
+  std::string name, mmcu, core;
+  char port = 'B';
+  int bit1 = 0, bit2 = 0, bitAlt = -1;
+  int hasAlt = 0;
+  bool simavrAlt = false; // simavr drives OC1C on this core
+  bool simavrT1 = false;  // simavr counts Timer1 on a virtual T1 clock here
+};
+
+// gtest names a device by its name in parameterised test output.
+inline void PrintTo(const Device& d, std::ostream* os) {
+  *os << d.name;
+}
+
+std::string buildDir();
+std::vector<Device> allDevices(); // sorted by name
+Device byName(const std::string& name);
+
+// A fresh folder under the build tree for one test's files.
+std::string workDir(const std::string& name);
+// Compiles program into dir/name.elf; false with the compiler's output.
+bool compile(const Device& d, const std::string& dir, const std::string& name,
+             const std::string& program, std::string& log);
+
+struct Segment {
+  uint64_t start = 0, periods = 0, period = 0, high = 0;
+};
+
+struct Pin {
+  int ddr = 0, level = 0;
+  bool steady = true;
+  uint64_t period = 0, high = 0, periods = 0;
+  std::vector<Segment> segments; // the last runs of periods, in order
+};
+
+struct Measurement {
+  bool ok = false;
+  std::string error, state;
+  Pin a, b;
+};
+
+struct Window {
+  uint64_t cycles = 0;    // simulate until this cycle
+  uint64_t from = 0;      // summarise the periods that start here or later
+  uint64_t tolerance = 0; // periods this close join one run
+  uint32_t t1Clock = 0;   // hertz fed to Timer1's external clock input, or 0
+};
+
+Measurement measure(const Device& d, int bitA, int bitB, const std::string& elf, uint32_t freq,
+                    const Window& w);
+
+enum Macro : int32_t { Enable = 0, Disable = 1, SetDuty = 2, ChangePeriod = 3, SetDutyHighLow = 4 };
+
+// A pin as the component's model has it, in clock cycles of the target.
+struct Expected {
+  bool steady = true;
+  int level = 0;
+  uint64_t period = 0, high = 0;
+  uint64_t count = 1; // one timer count in cycles: the error must stay below it
+};
+
+class Scenario {
+public:
+  explicit Scenario(const Device& device, int32_t clock = 16000000);
+  ~Scenario();
+  Scenario(const Scenario&) = delete;
+  Scenario& operator=(const Scenario&) = delete;
+
+  zv::PWM& pwm() { return *pwm_; }
+  const Device& device() const { return device_; }
+  int32_t clock() const { return clock_; }
+
+  // StartSimulation, which begins the recording, then the macro calls with
+  // 16-bit parameters in order; fails at the first call that fails.
+  testing::AssertionResult run(const std::vector<zvhost::MacroCall>& calls);
+  // One more call, recorded when it succeeds.
+  zv::Status call(int32_t macro, std::vector<long> args);
+
+  const std::vector<zvhost::MacroCall>& calls() const { return calls_; }
+  const std::vector<std::string>& boxes() const { return boxes_.texts; }
+
+  // Channel 1 or 2 as the model shows it now. The model counts an external
+  // clock pulse as one second; t1Clock gives the pulse rate on the chip.
+  Expected expected(int channel, uint32_t t1Clock = 0) const;
+
+private:
+  Device device_;
+  int32_t clock_;
+  zv::HeadlessMessageBoxes boxes_;
+  std::unique_ptr<zv::PWM> pwm_;
+  std::vector<zvhost::MacroCall> calls_;
+};
+
+// How long to simulate so the summary holds several whole periods.
+Window windowFor(const Expected& one, const Expected& two);
+
+// Whether a measured pin shows what the model expects.
+testing::AssertionResult shows(const Pin& pin, const Expected& e);
+
+// The current test's name, made fit for a folder, with a suffix.
+std::string testName(const std::string& suffix = {});
+
+// Generates the program, builds it and measures it; failures go to gtest.
+// programEdit goes in ahead of the last call in main.
+Measurement runOnChip(Scenario& s, const std::string& test, int bitA, int bitB, const Window& w,
+                      const std::string& programEdit = {});
+
+struct OnChipRun {
+  int bitB = -1;        // the pin of channel 2; -1: the device's OC1B
+  uint32_t t1Clock = 0; // see Window
+  bool channel2 = true; // false: channel 2 never set up, its pin not checked
+};
+
+// Runs the scenario on the chip and checks the channels against the model;
+// suffix is added to the test's name for its work folder.
+void expectOnChip(Scenario& s, const std::string& suffix = {}, const OnChipRun& run = {});
+
+} // namespace zvavr
