@@ -133,6 +133,9 @@ Runner::Reply Runner::pageCommand(LineScanner& scan) {
   if (verb == "apply") {
     noMore();
     r.status = page.PropertyPage_ApplyChanges();
+    // As a page frame does: an applied page has nothing left to apply.
+    if (r.status.ok())
+      page.site().setChanged(false);
     return r;
   }
   const std::string name = scan.word();
