@@ -8,7 +8,7 @@ TEST_F(ComponentTest, PublicPropertiesByNameKeepTheirTypes) {
   zv::Dispatch& d = pwm->publicInterface();
   struct Case {
     const char* name;
-    zv::Variant put;  // empty: no put
+    zv::Variant put;
     zv::Variant read; // after the put
   };
   const std::vector<Case> cases{
@@ -54,27 +54,6 @@ TEST_F(ComponentTest, PublicMethodsWriteBackTheirInOutArguments) {
   EXPECT_EQ(pwm->aPins[0]->DesiredBit, 4);
   pin[0] = zv::Variant::i2(1);
   EXPECT_THROW(d.callMethod("setupAPin", pin), zv::RuntimeError);
-}
-
-TEST_F(ComponentTest, InspectionKeepsEachFieldsType) {
-  auto pwm = createWith({});
-  const zv::Inspected state = pwm->inspect();
-  ASSERT_EQ(state.members.size(), 36u);
-  auto field = [&](const std::string& name) -> const zv::Inspected& {
-    for (const auto& [n, v] : state.members)
-      if (n == name)
-        return v;
-    throw std::runtime_error(name);
-  };
-  EXPECT_EQ(field("aExclusiveInts").kind, zv::Inspected::Kind::Null);
-  EXPECT_EQ(field("aMacros").kind, zv::Inspected::Kind::Null);
-  EXPECT_EQ(field("fPeriod").value.type(), zv::VarType::R4);
-  EXPECT_EQ(field("bShowSim").value.type(), zv::VarType::Bool);
-  EXPECT_EQ(field("bSupportsKeys").value.type(), zv::VarType::I4);
-  const zv::Inspected& pins = field("aPins");
-  ASSERT_EQ(pins.items.size(), 1u);
-  EXPECT_EQ(pins.items[0].members.size(), 11u);
-  EXPECT_EQ(field("aDuty").items.size(), 3u);
 }
 
 } // namespace
