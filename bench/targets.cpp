@@ -113,7 +113,7 @@ void MedianReporter::ReportRuns(const std::vector<Run>& runs) {
   }
 }
 
-int printTargets(std::ostream& out, const Results& results, double memoryMiB) {
+void printTargets(std::ostream& out, const Results& results, double memoryMiB) {
   Table t(results);
   t.atMost("StartUp", 300 * kMicro);
   for (const MacroCase& macro : macroCases()) {
@@ -153,7 +153,6 @@ int printTargets(std::ostream& out, const Results& results, double memoryMiB) {
         << " |\n";
   }
   out << "\n" << missed << " target(s) missed.\n";
-  return missed;
 }
 
 } // namespace zvbench

@@ -28,8 +28,8 @@ private:
 };
 
 // Prints the Markdown table: measured value, limit, and the share of the
-// limit used (at most 1.00 when the target is met). memoryMiB < 0: not measured.
-// Answers the number of missed targets.
-int printTargets(std::ostream& out, const Results& results, double memoryMiB);
+// limit used (at most 1.00 when the target is met), and the count of missed
+// targets. memoryMiB < 0: not measured.
+void printTargets(std::ostream& out, const Results& results, double memoryMiB);
 
 } // namespace zvbench
