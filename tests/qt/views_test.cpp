@@ -58,19 +58,6 @@ TEST_F(ViewsTest, TypedTextRunsOneChangePerKeyAndARewriteShowsWithoutEcho) {
   }
 }
 
-TEST_F(ViewsTest, TextSetByTheModelShowsAndRaisesNoSecondChange) {
-  zv::TextBox box("txt");
-  int changes = 0;
-  box.Change = [&] { ++changes; };
-  zvqt::TextBoxView view(box, &root);
-  box.setText("42");
-  EXPECT_EQ(view.text(), "42");
-  EXPECT_EQ(changes, 1);
-  QTest::keyClick(&view, Qt::Key_Backspace);
-  EXPECT_EQ(box.Text(), "4");
-  EXPECT_EQ(changes, 2);
-}
-
 // A handler in the manner of the page: values above 255 come back to 255.
 void pullBackAbove255(zv::ScrollBar& bar) {
   if (bar.Value() > 255)
