@@ -73,51 +73,33 @@ TEST(SimMacros, EachMacroChangesItsStateAndAnswersZero) {
   }
 }
 
-TEST(SimMacros, NumbersOutsideTheTableDoNothing) {
-  struct Case {
-    int macroCount;
-    int32_t id;
-  } cases[] = {{6, 5}, {5, -1}, {5, 5}, {3, 3}, {3, 4}};
-  for (const Case& c : cases) {
-    SimObject o(c.macroCount);
-    zv::PWM& p = *o.pwm;
-    p.Pic_Graph0.Print("before");
-    const auto ops = p.Pic_Graph0.ops().size();
-    const Call r = call(p, c.id, ints({1, 1, 1}));
-    EXPECT_TRUE(r.status.ok());
-    EXPECT_EQ(r.retVal, 77) << c.id;
-    EXPECT_EQ(stateOf(p), (State{0, 0, 0, 0, 255, 1}));
-    EXPECT_EQ(p.Pic_Graph0.ops().size(), ops) << "redrawn";
-  }
-}
-
-TEST(SimMacros, WithoutAMacroTableEveryCallFails) {
-  SimObject o(0); // no ZelvorVersion, so no macro table
-  const Call r = call(*o.pwm, 0, ints({1}));
-  EXPECT_EQ(r.status.number, zv::errSubscript);
-  EXPECT_EQ(r.retVal, 77);
-  EXPECT_EQ(o.pwm->aChannelOn[0], 0);
-}
-
-TEST(SimMacros, BadParametersFailBeforeAnyChange) {
+// Numbers outside the table answer nothing; without a table (no version
+// call) or with bad parameters the call fails. Nothing changes, nothing is drawn.
+TEST(SimMacros, CallsThatChangeNothing) {
   struct Case {
     const char* what;
+    int macroCount;
     int32_t id;
     Variant vParams;
     int number;
   } cases[] = {
-      {"code after a good period", 3, ints({10, 256}), zv::errOverflow},
-      {"low part 256", 4, ints({1, 0, 256}), zv::errOverflow},
-      {"high part too big", 4, params({Variant::i4(1), Variant::r8(1e10), Variant::i4(0)}),
+      {"sixth of six", 6, 5, ints({1, 1}), 0},
+      {"minus one", 5, -1, ints({1, 1}), 0},
+      {"sixth of five", 5, 5, ints({1, 1}), 0},
+      {"fourth of three", 3, 3, ints({1, 1}), 0},
+      {"no table", 0, 0, ints({1}), zv::errSubscript},
+      {"code after a good period", 5, 3, ints({10, 256}), zv::errOverflow},
+      {"low part 256", 5, 4, ints({1, 0, 256}), zv::errOverflow},
+      {"high part too big", 5, 4, params({Variant::i4(1), Variant::r8(1e10), Variant::i4(0)}),
        zv::errOverflow},
-      {"high part text", 4, params({Variant::i4(1), Variant::str("x"), Variant::i4(0)}),
+      {"high part text", 5, 4, params({Variant::i4(1), Variant::str("x"), Variant::i4(0)}),
        zv::errTypeMismatch},
-      {"duty after a good channel", 2, params({Variant::i4(1), Variant::str("")}),
+      {"duty after a good channel", 5, 2, params({Variant::i4(1), Variant::str("")}),
        zv::errTypeMismatch},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
-    SimObject o;
+    SimObject o(c.macroCount);
     zv::PWM& p = *o.pwm;
     p.Pic_Graph0.Print("before");
     const auto ops = p.Pic_Graph0.ops().size();
