@@ -12,49 +12,29 @@ struct PictureRow {
   const char* text;
 };
 
-TEST(FormatPicture, PanelAndPageReadOuts) {
+// The panel and page read-outs are pinned where they are made; these are the
+// picture's own rules.
+TEST(FormatPicture, DigitsRoundingLiteralsAndGrouping) {
   const PictureRow rows[] = {
-      // The plot's period and duty texts.
-      {0, "00.00 us", 15, "00.00 us"},
-      {999.5, "00.00 us", 7, "999.50 us"},
       {1.66667, "00.00 ms", 7, "01.67 ms"},
-      {512000, "00.00 ms", 7, "512000.00 ms"},
       {1e6, "00.00", 15, "1000000.00"},
       {50, "0", 15, "50"},
       {2.5, "0", 15, "3"},
       {125.245, "0.00", 15, "125.25"},
       {-0.001, "00.00", 15, "-00.00"},
       {-12.345, "00.00 us", 15, "-12.35 us"},
-      // The page's clock, period and frequency.
-      {8.0, "0.0##### MHz", 15, "8.0 MHz"},
-      {999.999, "0.0##### kHz", 15, "999.999 kHz"},
-      {15.625, "0.0##### KHz", 7, "15.625 KHz"},
-      {0, "0.0##### ms", 7, "0.0 ms"},
       {0.1234565, "0.0#####", 15, "0.123457"},
       {5e-7, "0.0#####", 15, "0.000001"},
       {1e-7, "0.0#####", 15, "0.0"},
+      {0.5, "0 %", 15, "50 %"},
+      {1234567, "#,##0", 15, "1,234,567"},
+      {5, "0.##", 15, "5."},
+      {0.5, "#.00", 15, ".50"},
+      {7, "\"x=\"0", 15, "x=7"},
+      {7, "0\\#", 15, "7#"},
+      {0, "#", 15, ""},
+      {-5, "$0", 15, "-$5"},
       {9.9999999, "0.0#####", 15, "10.0"},
-      {2 * 256 * 0.050862, "0.0##### us", 7, "26.04134 us"},
-  };
-  for (const auto& r : rows)
-    EXPECT_EQ(formatPicture(r.value, r.picture, r.digits), r.text) << r.value << " " << r.picture;
-}
-
-TEST(FormatPicture, SingleShowsNoDigitItDoesNotCarry) {
-  float ms = 65536.0f / 1000.0f;
-  EXPECT_EQ(formatPicture(ms, "0.0##### ms", 7), "65.536 ms");
-  float khz = (1.0f / 64.0f) * 1000.0f;
-  EXPECT_EQ(formatPicture(khz, "0.0##### KHz", 7), "15.625 KHz");
-  // The same value written with all the digits of a double shows the noise.
-  EXPECT_NE(formatPicture(ms, "0.0##### ms", 15), "65.536 ms");
-}
-
-TEST(FormatPicture, LiteralsPercentAndGrouping) {
-  const PictureRow rows[] = {
-      {0.5, "0 %", 15, "50 %"},  {1234567, "#,##0", 15, "1,234,567"},
-      {5, "0.##", 15, "5."},     {0.5, "#.00", 15, ".50"},
-      {7, "\"x=\"0", 15, "x=7"}, {7, "0\\#", 15, "7#"},
-      {0, "#", 15, ""},          {-5, "$0", 15, "-$5"},
   };
   for (const auto& r : rows)
     EXPECT_EQ(formatPicture(r.value, r.picture, r.digits), r.text) << r.value << " " << r.picture;
