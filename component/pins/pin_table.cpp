@@ -13,6 +13,25 @@ namespace {
 // Beyond this many slots the table can't be allocated.
 constexpr int32_t kMaxPinSlots = 1 << 20;
 
+// A pin's member as the host reads it: 0 for an id outside the table.
+template <class M>
+Status pinAnswer(VbArray<std::unique_ptr<ZVPin>>& pins, int32_t id, M ZVPin::*member,
+                 int32_t& result) {
+  return guard([&] {
+    const ZVPin* pin = pinInTable(pins, id);
+    result = pin ? pin->*member : 0;
+  });
+}
+
+// A pin's member as the host writes it: nothing happens outside the table.
+Status pinAssign(VbArray<std::unique_ptr<ZVPin>>& pins, int32_t id, int32_t ZVPin::*member,
+                 int32_t value) {
+  return guard([&] {
+    if (ZVPin* pin = pinInTable(pins, id))
+      pin->*member = value;
+  });
+}
+
 } // namespace
 
 void PWM::buildPinTable() {
@@ -67,66 +86,39 @@ Status PWM::get_DesiredPort(int32_t PinID, int32_t& result) {
 }
 
 Status PWM::get_Direction(int32_t PinID, int32_t& result) {
-  return guard([&] {
-    const ZVPin* pin = pinInTable(aPins, PinID);
-    result = pin ? pin->Direction : 0;
-  });
+  return pinAnswer(aPins, PinID, &ZVPin::Direction, result);
 }
 
 Status PWM::get_PortMandatory(int32_t PinID, int32_t& result) {
-  return guard([&] {
-    const ZVPin* pin = pinInTable(aPins, PinID);
-    result = pin ? pin->PortMandatory : 0;
-  });
+  return pinAnswer(aPins, PinID, &ZVPin::PortMandatory, result);
 }
 
 Status PWM::get_SamePortAsID(int32_t PinID, int32_t& result) {
-  return guard([&] {
-    const ZVPin* pin = pinInTable(aPins, PinID);
-    result = pin ? pin->SamePortAsID : 0;
-  });
+  return pinAnswer(aPins, PinID, &ZVPin::SamePortAsID, result);
 }
 
 Status PWM::get_DesiredBit(int32_t PinID, int32_t& result) {
-  return guard([&] {
-    const ZVPin* pin = pinInTable(aPins, PinID);
-    result = pin ? pin->DesiredBit : 0;
-  });
+  return pinAnswer(aPins, PinID, &ZVPin::DesiredBit, result);
 }
 
 Status PWM::get_BitMandatory(int32_t PinID, int32_t& result) {
-  return guard([&] {
-    const ZVPin* pin = pinInTable(aPins, PinID);
-    result = pin ? pin->BitMandatory : 0;
-  });
+  return pinAnswer(aPins, PinID, &ZVPin::BitMandatory, result);
 }
 
 Status PWM::get_Port(int32_t PinID, int32_t& result) {
-  return guard([&] {
-    const ZVPin* pin = pinInTable(aPins, PinID);
-    result = pin ? pin->Port : 0;
-  });
+  return pinAnswer(aPins, PinID, &ZVPin::Port, result);
 }
 
 Status PWM::put_Port(int32_t PinID, int32_t RHS) {
-  return guard([&] {
-    if (ZVPin* pin = pinInTable(aPins, PinID))
-      pin->Port = RHS;
-  });
+  return pinAssign(aPins, PinID, &ZVPin::Port, RHS);
 }
 
 Status PWM::get_Bit(int32_t PinID, int32_t& result) {
-  return guard([&] {
-    const ZVPin* pin = pinInTable(aPins, PinID);
-    result = pin ? pin->Bit : 0;
-  });
+  return pinAnswer(aPins, PinID, &ZVPin::Bit, result);
 }
 
 Status PWM::put_Bit(int32_t PinID, int32_t RHS) {
-  return guard([&] {
-    if (ZVPin* pin = pinInTable(aPins, PinID))
-      pin->Bit = RHS;
-  });
+  return pinAssign(aPins, PinID, &ZVPin::Bit, RHS);
 }
 
 Status PWM::get_ConnectedOK(int32_t& result) {
