@@ -54,7 +54,7 @@ std::string generalText(double v, int significantDigits) {
   if (exponent < -4 || exponent >= significantDigits) {
     out += d.digits[0];
     if (d.digits.size() > 1)
-      out += "." + d.digits.substr(1);
+      out.append(1, '.').append(d.digits, 1);
     out += exponent < 0 ? "E-" : "E+";
     std::string e = std::to_string(std::abs(exponent));
     if (e.size() < 2)

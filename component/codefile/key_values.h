@@ -24,7 +24,8 @@ inline int16_t boolOfKey(const std::string& text) {
 
 // The key name of item n: its number with one blank ahead, where a sign would stand.
 inline std::string numberedKey(int32_t n) {
-  return " " + std::to_string(n);
+  std::string key(1, ' ');
+  return key.append(std::to_string(n));
 }
 
 } // namespace zv
