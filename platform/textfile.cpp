@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <utility>
@@ -14,6 +15,7 @@ namespace {
 constexpr int errInputPastEnd = 62;
 // Large enough that a 16 MiB file is a handful of reads.
 constexpr size_t kBlockSize = size_t{1} << 20;
+constexpr size_t kMinBlockSize = 4096;
 } // namespace
 
 bool fileExists(const std::string& path) {
@@ -36,12 +38,16 @@ LineReader::LineReader(const std::string& path) {
     raise(errPathAccess);
   // The reader buffers whole blocks itself; stdio's copy would be a second one.
   std::setvbuf(file_, nullptr, _IONBF, 0);
-  buffer_ = std::make_unique<char[]>(kBlockSize);
+  // Sized to the file, so a small file costs no large allocation; a file that
+  // grows after the stat is still read whole, block by block.
+  size_ = std::clamp(static_cast<size_t>(st.st_size) + 1, kMinBlockSize, kBlockSize);
+  buffer_ = std::make_unique_for_overwrite<char[]>(size_);
 }
 
 LineReader::LineReader(LineReader&& other) noexcept
     : file_(std::exchange(other.file_, nullptr)), buffer_(std::move(other.buffer_)),
-      pos_(std::exchange(other.pos_, 0)), len_(std::exchange(other.len_, 0)) {}
+      pos_(std::exchange(other.pos_, 0)), size_(std::exchange(other.size_, 0)),
+      len_(std::exchange(other.len_, 0)), carry_(std::move(other.carry_)) {}
 
 LineReader& LineReader::operator=(LineReader&& other) noexcept {
   if (this != &other) {
@@ -49,7 +55,9 @@ LineReader& LineReader::operator=(LineReader&& other) noexcept {
     file_ = std::exchange(other.file_, nullptr);
     buffer_ = std::move(other.buffer_);
     pos_ = std::exchange(other.pos_, 0);
+    size_ = std::exchange(other.size_, 0);
     len_ = std::exchange(other.len_, 0);
+    carry_ = std::move(other.carry_);
   }
   return *this;
 }
@@ -63,14 +71,14 @@ void LineReader::close() {
     std::fclose(file_);
   file_ = nullptr;
   buffer_.reset();
-  pos_ = len_ = 0;
+  pos_ = len_ = size_ = 0;
 }
 
 bool LineReader::fill() {
   pos_ = len_ = 0;
   if (!file_)
     return false;
-  len_ = std::fread(buffer_.get(), 1, kBlockSize, file_);
+  len_ = std::fread(buffer_.get(), 1, size_, file_);
   if (len_ == 0 && std::ferror(file_))
     raise(errPathAccess);
   return len_ > 0;
@@ -83,9 +91,32 @@ bool LineReader::eof() {
 }
 
 std::string LineReader::readLine() {
+  std::string line;
+  readLine(line);
+  return line;
+}
+
+std::string_view LineReader::readLineView() {
   if (eof())
     raise(errInputPastEnd);
-  std::string line;
+  const char* start = buffer_.get() + pos_;
+  const void* cr = std::memchr(start, '\r', len_ - pos_);
+  // A line inside the block, with the byte after its CR there too, needs no copy.
+  if (cr && static_cast<const char*>(cr) + 1 < buffer_.get() + len_) {
+    const size_t n = static_cast<size_t>(static_cast<const char*>(cr) - start);
+    pos_ += n + 1;
+    if (buffer_[pos_] == '\n')
+      ++pos_;
+    return {start, n};
+  }
+  readLine(carry_);
+  return carry_;
+}
+
+void LineReader::readLine(std::string& line) {
+  if (eof())
+    raise(errInputPastEnd);
+  line.clear();
   for (;;) {
     const char* start = buffer_.get() + pos_;
     const void* cr = std::memchr(start, '\r', len_ - pos_);
@@ -96,11 +127,11 @@ std::string LineReader::readLine() {
       // The LF of a CR LF may be the first byte of the next block.
       if ((pos_ < len_ || fill()) && buffer_[pos_] == '\n')
         ++pos_;
-      return line;
+      return;
     }
     line.append(start, len_ - pos_);
     if (!fill())
-      return line;
+      return;
   }
 }
 

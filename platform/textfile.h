@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace zv {
 
@@ -27,6 +28,10 @@ public:
   bool eof();
   // The next line without its line end; raises 62-style errors past the end.
   std::string readLine();
+  // The same into line, whose capacity is reused.
+  void readLine(std::string& line);
+  // The same as a view into the reader's buffer, valid until the next read or close.
+  std::string_view readLineView();
   void close();
 
 private:
@@ -35,7 +40,9 @@ private:
   std::FILE* file_ = nullptr;
   std::unique_ptr<char[]> buffer_;
   size_t pos_ = 0;
+  size_t size_ = 0; // of buffer_
   size_t len_ = 0;
+  std::string carry_; // a line that runs across blocks
 };
 
 } // namespace zv

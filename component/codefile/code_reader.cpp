@@ -42,7 +42,6 @@ std::string PWM::GetIniKeyValue(std::string& lpApplicationName, std::string& lpK
 std::string PWM::GetCodeFromFile(std::string& lpCodeName) {
   try {
     const std::string path = codeFilePath();
-    reportIfMissing(path);
     const std::string startMarker = "/*" + lpCodeName + "_Start*/";
     const std::string endMarker = "/*" + lpCodeName + "_End*/";
     bool inBlock = false;
@@ -50,17 +49,23 @@ std::string PWM::GetCodeFromFile(std::string& lpCodeName) {
     bool endSeen = false;
     std::string text;
 
+    // Opening tests the file's existence too; only a failed open asks again.
+    LineReader file;
+    try {
+      file = LineReader(path);
+    } catch (const RuntimeError&) {
+      reportIfMissing(path);
+      throw;
+    }
     // The scan runs to the end of the file: blocks of one name add up.
-    LineReader file(path);
     while (!file.eof()) {
-      const std::string line = file.readLine();
+      const std::string_view line = file.readLineView();
       if (inBlock) {
         if (line == endMarker) {
           endSeen = true;
           inBlock = false;
         } else {
-          text += line;
-          text += '\n';
+          text.append(line).push_back('\n');
         }
       } else if (line == startMarker) {
         startSeen = true;
