@@ -75,9 +75,4 @@ struct PageTest {
   FakeComponent component;
 };
 
-// Names a parameterised case by its name field.
-template <typename Case> std::string caseName(const ::testing::TestParamInfo<Case>& info) {
-  return info.param.name;
-}
-
 } // namespace zv::test

@@ -17,34 +17,30 @@ struct StoredCase {
   int16_t appliedPr2, appliedPrescaler;
 };
 
-class StoredValues : public ::testing::TestWithParam<StoredCase> {};
-
-TEST_P(StoredValues, ShowRecalculateAndApplyWhatThePageHolds) {
-  const StoredCase& c = GetParam();
-  PageTest t;
-  t.resetWatch();
-  Device d;
-  d.pr2 = c.pr2;
-  d.prescaler = c.prescaler;
-  ASSERT_TRUE(t.select(d).ok());
-  EXPECT_EQ(t.page.txt_Pr2.Text(), c.shownPr2);
-  EXPECT_EQ(t.page.cboClockSource.ListIndex(), c.listIndex);
-  EXPECT_EQ(t.page.calcRuns, c.calcRuns);
-  ASSERT_TRUE(t.page.PropertyPage_ApplyChanges().ok());
-  EXPECT_EQ(toI2(t.component.props["Pr2"]), c.appliedPr2);
-  EXPECT_EQ(toI2(t.component.props["Prescaler"]), c.appliedPrescaler);
+TEST(StoredValues, ShowRecalculateAndApplyWhatThePageHolds) {
+  const StoredCase cases[] = {{"NothingMoves", 0, 1, "0", 1, 1, 0, 1},
+                              {"RegisterMoves", 255, 1, "255", 1, 3, 255, 1},
+                              {"SourceMoves", 0, 8, "0", 2, 2, 0, 8},
+                              {"BothMove", 99, -3, "99", 7, 4, 99, -3},
+                              {"RegisterAboveRange", 300, 1, "44", 1, 3, 44, 1},
+                              {"RegisterMinusOne", -1, 1, "255", 1, 3, 255, 1},
+                              {"UnknownPrescaler", 0, 5, "0", 0, 2, 0, -1}};
+  for (const StoredCase& c : cases) {
+    SCOPED_TRACE(c.name);
+    PageTest t;
+    t.resetWatch();
+    Device d;
+    d.pr2 = c.pr2;
+    d.prescaler = c.prescaler;
+    ASSERT_TRUE(t.select(d).ok());
+    EXPECT_EQ(t.page.txt_Pr2.Text(), c.shownPr2);
+    EXPECT_EQ(t.page.cboClockSource.ListIndex(), c.listIndex);
+    EXPECT_EQ(t.page.calcRuns, c.calcRuns);
+    ASSERT_TRUE(t.page.PropertyPage_ApplyChanges().ok());
+    EXPECT_EQ(toI2(t.component.props["Pr2"]), c.appliedPr2);
+    EXPECT_EQ(toI2(t.component.props["Prescaler"]), c.appliedPrescaler);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, StoredValues,
-    ::testing::Values(StoredCase{"NothingMoves", 0, 1, "0", 1, 1, 0, 1},
-                      StoredCase{"RegisterMoves", 255, 1, "255", 1, 3, 255, 1},
-                      StoredCase{"SourceMoves", 0, 8, "0", 2, 2, 0, 8},
-                      StoredCase{"BothMove", 99, -3, "99", 7, 4, 99, -3},
-                      StoredCase{"RegisterAboveRange", 300, 1, "44", 1, 3, 44, 1},
-                      StoredCase{"RegisterMinusOne", -1, 1, "255", 1, 3, 255, 1},
-                      StoredCase{"UnknownPrescaler", 0, 5, "0", 0, 2, 0, -1}),
-    caseName<StoredCase>);
 
 struct EnablingCase {
   const char* name;
@@ -55,40 +51,36 @@ struct EnablingCase {
   int altBox;
 };
 
-class Enabling : public ::testing::TestWithParam<EnablingCase> {};
-
-TEST_P(Enabling, FollowsChannelsAndAlternativePinAtEverySelection) {
-  const EnablingCase& c = GetParam();
-  PageTest t;
-  Device d;
-  d.maxPwm = c.divider * 256 + c.channels;
-  d.hasAltPin = c.hasAltPin;
-  d.useAltPin = c.useAltPin;
-  ASSERT_TRUE(t.select(d).ok());
-  ASSERT_TRUE(t.select(d).ok()); // the second shows the same, though its values don't change
-  Properties& p = t.page;
-  EXPECT_EQ(p.iPagePwmCount, c.channels);
-  EXPECT_EQ(p.iPageClockDivider, c.divider);
-  EXPECT_EQ(p.chkUseAltPin.Enabled(), c.altEnabled);
-  for (Control* ctl :
-       std::vector<Control*>{&p.txt_Pr2, &p.VScroll1, &p.cboClockSource, &p.edtLabel1})
-    EXPECT_EQ(ctl->Enabled(), c.editEnabled) << ctl->name();
-  EXPECT_EQ(p.edtLabel2.Enabled(), c.label2Enabled);
-  EXPECT_TRUE(p.chkShowSim.Enabled());
-  EXPECT_EQ(p.chkUseAltPin.Value(), c.altBox);
-  // The stored setting survives a box that can't show it.
-  EXPECT_EQ(p.bPageUseAltPin, c.useAltPin);
+TEST(Enabling, FollowsChannelsAndAlternativePinAtEverySelection) {
+  const EnablingCase cases[] = {{"NoChannel", 0, 1, 1, true, false, false, false, 0},
+                                {"OneWithPinUsed", 1, 1, 1, true, true, true, false, 1},
+                                {"OneWithPinUnused", 1, 1, 1, false, true, true, false, 0},
+                                {"OneWithoutPin", 1, 1, 0, true, false, true, false, 0},
+                                {"TwoWithPin", 2, 2, -1, true, true, true, true, 1},
+                                {"TwoWithoutPin", 2, 4, 0, true, false, true, true, 0}};
+  for (const EnablingCase& c : cases) {
+    SCOPED_TRACE(c.name);
+    PageTest t;
+    Device d;
+    d.maxPwm = c.divider * 256 + c.channels;
+    d.hasAltPin = c.hasAltPin;
+    d.useAltPin = c.useAltPin;
+    ASSERT_TRUE(t.select(d).ok());
+    ASSERT_TRUE(t.select(d).ok()); // the second shows the same, though its values don't change
+    Properties& p = t.page;
+    EXPECT_EQ(p.iPagePwmCount, c.channels);
+    EXPECT_EQ(p.iPageClockDivider, c.divider);
+    EXPECT_EQ(p.chkUseAltPin.Enabled(), c.altEnabled);
+    for (Control* ctl :
+         std::vector<Control*>{&p.txt_Pr2, &p.VScroll1, &p.cboClockSource, &p.edtLabel1})
+      EXPECT_EQ(ctl->Enabled(), c.editEnabled) << ctl->name();
+    EXPECT_EQ(p.edtLabel2.Enabled(), c.label2Enabled);
+    EXPECT_TRUE(p.chkShowSim.Enabled());
+    EXPECT_EQ(p.chkUseAltPin.Value(), c.altBox);
+    // The stored setting survives a box that can't show it.
+    EXPECT_EQ(p.bPageUseAltPin, c.useAltPin);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, Enabling,
-    ::testing::Values(EnablingCase{"NoChannel", 0, 1, 1, true, false, false, false, 0},
-                      EnablingCase{"OneWithPinUsed", 1, 1, 1, true, true, true, false, 1},
-                      EnablingCase{"OneWithPinUnused", 1, 1, 1, false, true, true, false, 0},
-                      EnablingCase{"OneWithoutPin", 1, 1, 0, true, false, true, false, 0},
-                      EnablingCase{"TwoWithPin", 2, 2, -1, true, true, true, true, 1},
-                      EnablingCase{"TwoWithoutPin", 2, 4, 0, true, false, true, true, 0}),
-    caseName<EnablingCase>);
 
 TEST(Selection, SeveralSelectedReadsAndWritesOnlyTheFirst) {
   PageTest t;
