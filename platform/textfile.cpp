@@ -84,10 +84,10 @@ bool LineReader::fill() {
   return len_ > 0;
 }
 
-bool LineReader::eof() {
+bool LineReader::atEnd() {
   if (!file_)
     raise(52); // bad file name or number: the channel is not open
-  return pos_ >= len_ && !fill();
+  return !fill();
 }
 
 std::string LineReader::readLine() {
@@ -96,21 +96,72 @@ std::string LineReader::readLine() {
   return line;
 }
 
-std::string_view LineReader::readLineView() {
-  if (eof())
-    raise(errInputPastEnd);
-  const char* start = buffer_.get() + pos_;
-  const void* cr = std::memchr(start, '\r', len_ - pos_);
-  // A line inside the block, with the byte after its CR there too, needs no copy.
-  if (cr && static_cast<const char*>(cr) + 1 < buffer_.get() + len_) {
-    const size_t n = static_cast<size_t>(static_cast<const char*>(cr) - start);
-    pos_ += n + 1;
-    if (buffer_[pos_] == '\n')
-      ++pos_;
-    return {start, n};
-  }
+std::string_view LineReader::readLineAcross() {
   readLine(carry_);
   return carry_;
+}
+
+namespace {
+
+// Whole lines, each ended by CR LF or a lone CR, added with an LF each.
+void appendLines(std::string& out, const char* from, const char* to) {
+  out.reserve(out.size() + static_cast<size_t>(to - from));
+  while (from < to) {
+    const auto* cr =
+        static_cast<const char*>(std::memchr(from, '\r', static_cast<size_t>(to - from)));
+    out.append(from, static_cast<size_t>(cr - from)).push_back('\n');
+    from = cr + 1;
+    if (from < to && *from == '\n')
+      ++from;
+  }
+}
+
+} // namespace
+
+bool LineReader::skipToLine(std::string_view line, std::string* passed) {
+  while (!eof()) {
+    const char* base = buffer_.get();
+    const char* start = base + pos_;
+    // The whole lines of the block end at its last CR with a byte after it.
+    const char* lastCr = static_cast<const char*>(memrchr(start, '\r', len_ - pos_));
+    if (lastCr && lastCr + 1 == base + len_)
+      lastCr = static_cast<const char*>(memrchr(start, '\r', static_cast<size_t>(lastCr - start)));
+    if (lastCr && !line.empty()) {
+      for (const char* from = start;;) {
+        const auto* hit = static_cast<const char*>(
+            memmem(from, static_cast<size_t>(lastCr - from), line.data(), line.size()));
+        if (!hit)
+          break;
+        // A line starts after a CR, or after the LF of a CR LF; a lone LF stays in its line.
+        const bool lineStart = hit == start || hit[-1] == '\r' ||
+                               (hit[-1] == '\n' && hit - 1 > start && hit[-2] == '\r');
+        const char* after = hit + line.size();
+        if (lineStart && *after == '\r') {
+          if (passed)
+            appendLines(*passed, start, hit);
+          pos_ = static_cast<size_t>(after + 1 - base);
+          if (base[pos_] == '\n')
+            ++pos_;
+          return true;
+        }
+        from = hit + 1;
+      }
+      pos_ = static_cast<size_t>(lastCr + 1 - base);
+      if (base[pos_] == '\n')
+        ++pos_;
+      if (passed)
+        appendLines(*passed, start, base + pos_);
+    }
+    // The block's last line, which may run on into the next block.
+    if (!eof()) {
+      const std::string_view last = readLineView();
+      if (last == line)
+        return true;
+      if (passed)
+        passed->append(last).push_back('\n');
+    }
+  }
+  return false;
 }
 
 void LineReader::readLine(std::string& line) {

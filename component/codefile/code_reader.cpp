@@ -44,7 +44,6 @@ std::string PWM::GetCodeFromFile(std::string& lpCodeName) {
     const std::string path = codeFilePath();
     const std::string startMarker = "/*" + lpCodeName + "_Start*/";
     const std::string endMarker = "/*" + lpCodeName + "_End*/";
-    bool inBlock = false;
     bool startSeen = false;
     bool endSeen = false;
     std::string text;
@@ -58,19 +57,10 @@ std::string PWM::GetCodeFromFile(std::string& lpCodeName) {
       throw;
     }
     // The scan runs to the end of the file: blocks of one name add up.
-    while (!file.eof()) {
-      const std::string_view line = file.readLineView();
-      if (inBlock) {
-        if (line == endMarker) {
-          endSeen = true;
-          inBlock = false;
-        } else {
-          text.append(line).push_back('\n');
-        }
-      } else if (line == startMarker) {
-        startSeen = true;
-        inBlock = true;
-      }
+    while (file.skipToLine(startMarker)) {
+      startSeen = true;
+      // An unfinished last block leaves an earlier end standing.
+      endSeen = file.skipToLine(endMarker, &text) || endSeen;
     }
     file.close();
 
