@@ -1,3 +1,6 @@
+#include <array>
+#include <bit>
+
 #include "../../platform/errors.h"
 #include "../../platform/vbnum.h"
 #include "../core/pwm.h"
@@ -12,6 +15,12 @@ constexpr double kLevelHigh = 400;
 constexpr double kLeadIn = 40;
 constexpr double kTextLeft = 300;
 constexpr double kArrowSize = 55;
+
+std::string periodTextOf(float period) {
+  if (period < 1000)
+    return "Period =  " + formatPicture(period, "00.00 us", 7);
+  return "Period =  " + formatPicture(static_cast<float>(period / 1000.0), "00.00 ms", 7);
+}
 
 class OpList {
 public:
@@ -57,19 +66,37 @@ int16_t dutyPercent(int16_t duty, int16_t pr2) {
 }
 
 std::string periodText(float period) {
-  if (period < 1000)
-    return "Period =  " + formatPicture(period, "00.00 us", 7);
-  return "Period =  " + formatPicture(static_cast<float>(period / 1000.0), "00.00 ms", 7);
+  // A run of macros mostly keeps its period: the last text is kept with its value.
+  // Compared bit for bit, so that -0 and NaN get their own texts.
+  static thread_local uint32_t lastBits = 0;
+  static thread_local std::string lastText;
+  const auto bits = std::bit_cast<uint32_t>(period);
+  if (!lastText.empty() && bits == lastBits)
+    return lastText;
+  std::string text = periodTextOf(period);
+  lastText = text;
+  lastBits = bits;
+  return text;
 }
 
 std::string dutyText(int16_t percent) {
   if (percent > 100)
     percent = 100;
-  return "Dutycycle =  " + formatPicture(percent, "0") + " %";
+  if (percent < 0)
+    return "Dutycycle =  " + formatPicture(percent, "0") + " %";
+  // Only 101 texts can come out of the picture: made once.
+  static const std::array<std::string, 101> texts = [] {
+    std::array<std::string, 101> made;
+    for (int16_t p = 0; p <= 100; ++p)
+      made[static_cast<size_t>(p)] = "Dutycycle =  " + formatPicture(p, "0") + " %";
+    return made;
+  }();
+  return texts[static_cast<size_t>(percent)];
 }
 
 std::vector<DrawOp> plotWaveform(const PlotInput& in) {
   std::vector<DrawOp> ops(1); // Cls
+  ops.reserve(40);            // a plot has about 30 operations
   OpList draw(ops);
   const double width = in.scaleWidth;
   const double height = in.scaleHeight;
@@ -131,30 +158,9 @@ void PWM::Plot_Channel(int16_t& Index) {
   in.scaleWidth = canvas.ScaleWidth();
   in.scaleHeight = canvas.ScaleHeight();
   // Worked out before the canvas is touched: a failure leaves the old picture.
-  const std::vector<DrawOp> ops = plotWaveform(in);
-
-  for (const DrawOp& op : ops) {
-    switch (op.kind) {
-    case DrawOp::Kind::Cls:
-      canvas.Cls();
-      break;
-    case DrawOp::Kind::Line:
-      canvas.setForeColor(op.color);
-      canvas.setDrawStyle(op.style);
-      canvas.Line(op.x1, op.y1, op.x2, op.y2);
-      break;
-    case DrawOp::Kind::Box:
-      canvas.setForeColor(op.color);
-      canvas.Box(op.x1, op.y1, op.x2, op.y2);
-      break;
-    case DrawOp::Kind::Print:
-      canvas.setForeColor(op.color);
-      canvas.setCurrentX(op.x1);
-      canvas.setCurrentY(op.y1);
-      canvas.Print(op.text);
-      break;
-    }
-  }
+  std::vector<DrawOp> ops = plotWaveform(in);
+  for (DrawOp& op : ops)
+    canvas.draw(std::move(op));
 }
 
 } // namespace zv

@@ -65,6 +65,33 @@ void Canvas::Print(const std::string& text) {
   record(std::move(op));
 }
 
+void Canvas::draw(DrawOp&& op) {
+  if (op.kind == DrawOp::Kind::Cls) {
+    Cls();
+    return;
+  }
+  foreColor_ = op.color;
+  switch (op.kind) {
+  case DrawOp::Kind::Cls:
+  case DrawOp::Kind::Line:
+    drawStyle_ = op.style;
+    break;
+  case DrawOp::Kind::Box:
+    op.style = drawStyle_;
+    break;
+  case DrawOp::Kind::Print:
+    op.x2 = op.y2 = 0;
+    op.style = 0;
+    currentX_ = 0;
+    currentY_ = op.y1 + 195;
+    record(std::move(op));
+    return;
+  }
+  currentX_ = op.x2;
+  currentY_ = op.y2;
+  record(std::move(op));
+}
+
 void UserControlSurface::setBackStyle(int s) {
   if (s == backStyle_)
     return;

@@ -45,6 +45,10 @@ public:
   void Line(float x1, float y1, float x2, float y2);
   void Box(float x1, float y1, float x2, float y2); // rectangle outline
   void Print(const std::string& text);
+  // One worked-out operation, taken over without a copy: the same state and
+  // record as Cls, or as Line, Box or Print after setting its colour (a
+  // Line's style too, a Print's place).
+  void draw(DrawOp&& op);
 
   // Everything drawn since and including the last Cls.
   const std::vector<DrawOp>& ops() const { return ops_; }
