@@ -3,8 +3,6 @@
 namespace zvtest {
 namespace {
 
-using ::testing::ElementsAre;
-
 const std::string kError = "//Error Reading Code For Fixture::Blk\r\n";
 
 TEST_F(ComponentTest, BlockReaderFollowsMarkersLineByLine) {
@@ -42,19 +40,6 @@ TEST_F(ComponentTest, BlockReaderFollowsMarkersLineByLine) {
     EXPECT_EQ(name, "Blk");
     EXPECT_TRUE(boxes.texts.empty()) << c.what;
   }
-}
-
-TEST_F(ComponentTest, MissingCodeFileIsReportedAtEveryRead) {
-  auto pwm = createWith({});
-  std::filesystem::remove(folder.path() + "/Fixture.c");
-  const std::string missing =
-      "Error - cannot find C code file:\r\n\r\n" + folder.path() + "/Fixture.c";
-  std::string s = "Settings", k = "Description", d = "dflt";
-  EXPECT_EQ(pwm->GetIniKeyValue(s, k, d), "dflt");
-  EXPECT_EQ(pwm->GetIniKeyValue(s, k, d), "dflt");
-  std::string block = "Blk";
-  EXPECT_EQ(pwm->GetCodeFromFile(block), "");
-  EXPECT_THAT(boxes.texts, ElementsAre(missing, missing, missing, "File not found"));
 }
 
 } // namespace

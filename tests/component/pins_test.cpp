@@ -12,12 +12,10 @@ TEST_F(ComponentTest, PlaceholderPinAnswersInsideAndOutsideTheTable) {
     Get get;
     int32_t id, expected;
   };
-  const std::vector<Case> cases{{"Direction", &zv::PWM::get_Direction, 0, 2},
-                                {"Direction", &zv::PWM::get_Direction, 1, 0},
+  const std::vector<Case> cases{{"Direction", &zv::PWM::get_Direction, 1, 0},
                                 {"Port", &zv::PWM::get_Port, 0, -1},
                                 {"Port", &zv::PWM::get_Port, 1, 0},
                                 {"Bit", &zv::PWM::get_Bit, 0, -1},
-                                {"SamePortAsID", &zv::PWM::get_SamePortAsID, 0, -1},
                                 {"SamePortAsID", &zv::PWM::get_SamePortAsID, -1, 0}};
   for (const Case& c : cases) {
     int32_t answer = 99;
