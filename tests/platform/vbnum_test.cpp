@@ -85,14 +85,12 @@ TEST(TextToBool, WordsInAnyCaseElseTheNumber) {
 }
 
 TEST(ReadNumber, PlainDecimalFormsOnly) {
-  for (auto [text, value] : {std::pair{"07", 7.0},
-                             {"12.5", 12.5},
-                             {" 3 ", 3.0},
-                             {"-0.1", -0.1},
-                             {"+4", 4.0},
-                             {"1e2", 100.0},
-                             {"2.5E-1", 0.25},
-                             {".5", 0.5}})
+  const struct {
+    const char* text;
+    double value;
+  } rows[] = {{"07", 7}, {"12.5", 12.5}, {" 3 ", 3},       {"-0.1", -0.1},
+              {"+4", 4}, {"1e2", 100},   {"2.5E-1", 0.25}, {".5", 0.5}};
+  for (auto [text, value] : rows)
     EXPECT_EQ(readNumber(text), value) << text;
   for (const char* text : {"-", ".", "", "abc", "1e", "&H10", "1,000", "3-", "1 2"})
     EXPECT_EQ(readNumber(text), std::nullopt) << '"' << text << '"';
