@@ -1,7 +1,11 @@
 #include "canvas_view.h"
 
 #include <QPaintEvent>
+#include <QStaticText>
 #include <algorithm>
+#include <cmath>
+#include <unordered_map>
+#include <vector>
 
 namespace zvqt {
 
@@ -32,15 +36,71 @@ QPen cosmeticPen(zv::Color color, int drawStyle) {
   return pen;
 }
 
+// Lines in drawing order. A solid line along a pixel row or column is filled
+// as a rectangle, far cheaper than stroking, with the same pixels: an aliased
+// cosmetic line covers the pixels that hold its end points and those between.
+// Other lines of one pen go to the painter together.
+class LineBatch {
+public:
+  explicit LineBatch(QPainter& painter) : painter_(painter) {
+    const QTransform& t = painter.deviceTransform();
+    fill_ = t.type() <= QTransform::TxTranslate;
+    dx_ = t.dx();
+    dy_ = t.dy();
+  }
+  ~LineBatch() { flush(); }
+
+  void add(QPointF p, QPointF q, zv::Color color, int style) {
+    if (fill_ && style == 0 && (p.x() == q.x() || p.y() == q.y()) && fillLine(p, q, color))
+      return;
+    if (color != color_ || style != style_)
+      flush();
+    color_ = color;
+    style_ = style;
+    run_.emplace_back(p, q);
+  }
+
+  void flush() {
+    if (run_.empty())
+      return;
+    painter_.setPen(cosmeticPen(color_, style_));
+    painter_.drawLines(run_.data(), static_cast<int>(run_.size()));
+    run_.clear();
+  }
+
+private:
+  // False for a line within one pixel, which the stroker draws its own way.
+  bool fillLine(QPointF p, QPointF q, zv::Color color) {
+    const double x1 = std::floor(std::min(p.x(), q.x()) + dx_);
+    const double x2 = std::floor(std::max(p.x(), q.x()) + dx_);
+    const double y1 = std::floor(std::min(p.y(), q.y()) + dy_);
+    const double y2 = std::floor(std::max(p.y(), q.y()) + dy_);
+    if (x1 == x2 && y1 == y2)
+      return false;
+    flush();
+    painter_.fillRect(QRectF(x1 - dx_, y1 - dy_, x2 - x1 + 1, y2 - y1 + 1), toQColor(color));
+    return true;
+  }
+
+  QPainter& painter_;
+  bool fill_ = false;
+  double dx_ = 0, dy_ = 0;
+  std::vector<QLineF> run_;
+  zv::Color color_ = 0;
+  int style_ = -1;
+};
+
 // A bordered canvas shows a single grey edge, as the panel's pictures do.
 void paintBorder(QPainter& painter, const QRectF& outer, double border) {
   if (border <= 0)
     return;
-  QPen pen(QColor(128, 128, 128));
-  pen.setCosmetic(true);
-  painter.setPen(pen);
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRect(outer.adjusted(0, 0, -1, -1));
+  const QRectF r = outer.adjusted(0, 0, -1, -1);
+  const zv::Color grey = zv::rgb(128, 128, 128);
+  LineBatch lines(painter);
+  lines.add(r.topLeft(), r.topRight(), grey, 0);
+  lines.add(r.topRight(), r.bottomRight(), grey, 0);
+  lines.add(r.bottomRight(), r.bottomLeft(), grey, 0);
+  lines.add(r.bottomLeft(), r.topLeft(), grey, 0);
 }
 
 } // namespace
@@ -59,29 +119,43 @@ void paintCanvas(QPainter& painter, const zv::Canvas& canvas, double scale) {
   QRectF inner = outer.adjusted(border, border, -border, -border);
   painter.setClipRect(inner);
   painter.translate(inner.topLeft());
+  LineBatch lines(painter);
+  auto addLine = [&](const zv::DrawOp& op, QPointF p, QPointF q) {
+    lines.add(p, q, op.color, op.style);
+  };
   for (const zv::DrawOp& op : canvas.ops()) {
     QPointF a(op.x1 * scale, op.y1 * scale), b(op.x2 * scale, op.y2 * scale);
     switch (op.kind) {
     case zv::DrawOp::Kind::Cls:
       break;
     case zv::DrawOp::Kind::Line:
-      painter.setPen(cosmeticPen(op.color, op.style));
-      painter.drawLine(a, b);
+      addLine(op, a, b);
       break;
     case zv::DrawOp::Kind::Box:
-      painter.setPen(cosmeticPen(op.color, op.style));
-      painter.setBrush(Qt::NoBrush);
-      painter.drawRect(QRectF(QPointF(std::min(a.x(), b.x()), std::min(a.y(), b.y())),
-                              QPointF(std::max(a.x(), b.x()), std::max(a.y(), b.y()))));
+      addLine(op, {a.x(), a.y()}, {b.x(), a.y()});
+      addLine(op, {b.x(), a.y()}, {b.x(), b.y()});
+      addLine(op, {b.x(), b.y()}, {a.x(), b.y()});
+      addLine(op, {a.x(), b.y()}, {a.x(), a.y()});
       break;
-    case zv::DrawOp::Kind::Print:
+    case zv::DrawOp::Kind::Print: {
+      lines.flush();
       painter.setPen(toQColor(op.color));
-      painter.drawText(QRectF(a, QSizeF(outer.width() * 4, outer.height() * 4)),
-                       Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
-                       QString::fromStdString(op.text));
+      // Shaping a text costs more than drawing it: keep the few texts a panel shows.
+      static std::unordered_map<std::string, QStaticText> shaped;
+      if (shaped.size() > 64)
+        shaped.clear();
+      auto it = shaped.find(op.text);
+      if (it == shaped.end()) {
+        it = shaped.emplace(op.text, QStaticText(QString::fromStdString(op.text))).first;
+        it->second.setTextFormat(Qt::PlainText);
+        it->second.prepare(painter.transform(), painter.font());
+      }
+      painter.drawStaticText(a, it->second);
       break;
     }
+    }
   }
+  lines.flush();
   painter.restore();
 }
 
