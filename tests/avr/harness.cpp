@@ -15,26 +15,14 @@ namespace fs = std::filesystem;
 
 namespace zvavr {
 
-// pwm-measure's summary of a pin, field for field.
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Segment, start, periods, period, high)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Pin, ddr, level, steady, period, high, periods, segments)
 
 namespace {
 
-std::string key(const std::string& path, const char* name) {
-  std::string out;
-  zv::getPrivateProfileString("Device", name, "", out, 255, path);
-  return out;
-}
-
-int number(const std::string& path, const char* name, int fallback) {
-  return zv::getPrivateProfileInt("Device", name, fallback, path);
-}
-
 std::string readAll(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
   std::stringstream s;
-  s << in.rdbuf();
+  s << std::ifstream(path, std::ios::binary).rdbuf();
   return s.str();
 }
 
@@ -43,11 +31,9 @@ std::string fromEnv(const char* name, const char* fallback) {
   return env ? env : fallback;
 }
 
-} // namespace
+const std::string buildDir = fromEnv("ZV_BUILD_DIR", ZV_AVR_BUILD_DIR);
 
-std::string buildDir() {
-  return fromEnv("ZV_BUILD_DIR", ZV_AVR_BUILD_DIR);
-}
+} // namespace
 
 std::vector<Device> allDevices() {
   std::vector<Device> out;
@@ -56,11 +42,17 @@ std::vector<Device> allDevices() {
     const std::string f = entry.path().string();
     if (entry.path().extension() != ".zvd")
       continue;
-    const std::string port = key(f, "PwmPort");
-    out.push_back({f, key(f, "Name"), key(f, "Mmcu"), key(f, "SimavrCore"),
-                   port.empty() ? '?' : port[0], number(f, "PwmBit1", -1), number(f, "PwmBit2", -1),
-                   number(f, "PwmBitAlt", -1), number(f, "HasAltPWM", 0),
-                   number(f, "SimavrAltPWM", 0) != 0, number(f, "SimavrT1Clock", 0) != 0});
+    auto key = [&](const char* name) {
+      std::string out;
+      zv::getPrivateProfileString("Device", name, "", out, 255, f);
+      return out;
+    };
+    auto number = [&](const char* name) { return zv::getPrivateProfileInt("Device", name, 0, f); };
+    const std::string port = key("PwmPort") + "?";
+    out.push_back({f, key("Name"), key("Mmcu"), key("SimavrCore"), port[0], number("PwmBit1"),
+                   number("PwmBit2"), zv::getPrivateProfileInt("Device", "PwmBitAlt", -1, f),
+                   number("HasAltPWM") != 0, number("SimavrAltPWM") != 0,
+                   number("SimavrT1Clock") != 0});
   }
   std::sort(out.begin(), out.end(),
             [](const Device& x, const Device& y) { return x.name < y.name; });
@@ -76,7 +68,7 @@ Device byName(const std::string& name) {
 }
 
 std::string workDir(const std::string& name) {
-  fs::path dir = fs::path(buildDir()) / "tests" / "avr-work" / name;
+  fs::path dir = fs::path(buildDir) / "tests" / "avr-work" / name;
   fs::remove_all(dir);
   fs::create_directories(dir);
   return dir.string();
@@ -97,6 +89,7 @@ bool compile(const Device& d, const std::string& dir, const std::string& name,
 Measurement measure(const Device& d, int bitA, int bitB, const std::string& elf, uint32_t freq,
                     const Window& w) {
   Measurement m;
+  m.elf = elf;
   const std::string json = elf + ".json";
   std::ostringstream cmd;
   cmd << ZV_PWM_MEASURE << " --mcu " << d.core << " --freq " << freq << " --cycles " << w.cycles
@@ -105,71 +98,62 @@ Measurement measure(const Device& d, int bitA, int bitB, const std::string& elf,
       << "'";
   const int rc = std::system((cmd.str() + " > '" + json + "' 2> '" + json + ".err'").c_str());
   const std::string text = readAll(json);
-  if (rc != 0) {
-    m.error = cmd.str() + " failed: " + readAll(json + ".err") + text;
-    return m;
-  }
   try {
+    if (rc != 0)
+      throw std::runtime_error("failed: " + readAll(json + ".err"));
     const auto j = nlohmann::json::parse(text);
-    m.state = j.at("state");
+    if (j.at("state") != "running") // the program must not crash or sleep
+      throw std::runtime_error("the program stopped");
     m.a = j.at("a");
     m.b = j.at("b");
     m.ok = true;
   } catch (const std::exception& e) {
-    m.error = std::string("unreadable measurement: ") + e.what() + "\n" + text;
+    m.error = cmd.str() + ": " + e.what() + "\n" + text;
   }
   return m;
 }
 
-Scenario::Scenario(const Device& device, int32_t clock) : device_(device), clock_(clock) {
-  zv::setMessageBoxService(&boxes_);
-  pwm_ = std::make_unique<zv::PWM>(zv::LibraryFacts{buildDir() + "/lib", "AVR_PWM", 4, 0, 0});
-  EXPECT_TRUE(pwm_->put_ZelvorVersion(1024).ok());
-  EXPECT_TRUE(pwm_->put_ZvdFilename(device.file).ok());
-  EXPECT_TRUE(pwm_->put_ClockSpeed(clock).ok());
+Scenario::Scenario(const Device& device) : device(device) {
+  zv::setMessageBoxService(&boxes);
+  pwm = std::make_unique<zv::PWM>(zv::LibraryFacts{buildDir + "/lib", "AVR_PWM", 4, 0, 0});
+  EXPECT_TRUE(pwm->put_ZelvorVersion(1024).ok());
+  EXPECT_TRUE(pwm->put_ZvdFilename(device.file).ok());
+  EXPECT_TRUE(pwm->put_ClockSpeed(clock).ok());
 }
 
 Scenario::~Scenario() {
-  pwm_.reset();
+  pwm.reset();
   zv::setMessageBoxService(nullptr);
 }
 
-testing::AssertionResult Scenario::run(const std::vector<zvhost::MacroCall>& calls) {
-  calls_.clear();
-  if (!pwm_->StartSimulation().ok())
+testing::AssertionResult Scenario::run(const std::vector<zvhost::MacroCall>& list, bool start) {
+  if (start && (calls.clear(), !pwm->StartSimulation().ok()))
     return testing::AssertionFailure() << "StartSimulation failed";
-  for (size_t i = 0; i < calls.size(); ++i)
-    if (zv::Status s = call(calls[i].macroId, calls[i].args); !s.ok())
-      return testing::AssertionFailure() << "call " << i << " failed: " << s.description;
+  for (const zvhost::MacroCall& c : list) {
+    zv::SafeArray params(zv::VarType::Variant, 0, static_cast<int32_t>(c.args.size()) - 1);
+    for (size_t i = 0; i < c.args.size(); ++i)
+      params.set(static_cast<int32_t>(i), zv::Variant::i2(static_cast<int16_t>(c.args[i])));
+    int32_t result = 0, cycles = 0;
+    zv::Variant affected;
+    const zv::Status status = pwm->SimMacroCall(c.macroId, zv::Variant::array(std::move(params)),
+                                                result, affected, cycles);
+    if (!status.ok())
+      return testing::AssertionFailure()
+             << "call " << calls.size() << " failed: " << status.description;
+    calls.push_back(c);
+  }
   return testing::AssertionSuccess();
 }
 
-zv::Status Scenario::call(int32_t macro, std::vector<long> args) {
-  zv::SafeArray params(zv::VarType::Variant, 0, static_cast<int32_t>(args.size()) - 1);
-  for (size_t i = 0; i < args.size(); ++i)
-    params.set(static_cast<int32_t>(i), zv::Variant::i2(static_cast<int16_t>(args[i])));
-  int32_t result = 0, cycles = 0;
-  zv::Variant affected;
-  zv::Status status =
-      pwm_->SimMacroCall(macro, zv::Variant::array(std::move(params)), result, affected, cycles);
-  if (status.ok())
-    calls_.push_back({macro, std::move(args)});
-  return status;
-}
-
 Expected Scenario::expected(int channel, uint32_t t1Clock) const {
-  const zv::PWM& p = *pwm_;
+  const zv::PWM& p = *pwm;
   const bool external = p.iPrescaler == -2 || p.iPrescaler == -3;
   // Clock cycles of the target in one unit of the model's period.
   const double cyclesPerUnit = external ? double(p.lClockSpeed) / t1Clock : p.lClockSpeed / 1e6;
   Expected e;
-  e.count = external           ? static_cast<uint64_t>(p.lClockSpeed / t1Clock)
-            : p.iPrescaler > 0 ? static_cast<uint64_t>(p.iPrescaler)
-                               : 1;
-  const bool on = p.aChannelOn[channel - 1] != 0;
-  const int duty = p.aDuty[channel - 1];
-  const int counts = p.iPr2 + 1;
-  if (!on || duty == 0)
+  e.count = external ? p.lClockSpeed / t1Clock : std::max<int>(p.iPrescaler, 1);
+  const int duty = p.aDuty[channel - 1], counts = p.iPr2 + 1;
+  if (!p.aChannelOn[channel - 1] || duty == 0)
     return e;
   if (duty >= counts) {
     e.level = 1;
@@ -183,12 +167,6 @@ Expected Scenario::expected(int channel, uint32_t t1Clock) const {
   e.period = static_cast<uint64_t>(period);
   e.high = static_cast<uint64_t>(std::llround(double(period) * duty / counts));
   return e;
-}
-
-Window windowFor(const Expected& one, const Expected& two) {
-  const uint64_t period = std::max({one.period, two.period, uint64_t(1000)});
-  const uint64_t settle = 4000; // start-up and the calls
-  return {settle + 7 * period, settle + 2 * period, std::max(one.count, two.count) - 1};
 }
 
 testing::AssertionResult shows(const Pin& pin, const Expected& e) {
@@ -209,47 +187,40 @@ testing::AssertionResult shows(const Pin& pin, const Expected& e) {
          << " high " << pin.high << " over " << pin.periods << " periods";
 }
 
-std::string testName(const std::string& suffix) {
+Measurement expectOnChip(Scenario& s, const OnChipRun& run) {
+  const Expected one = s.expected(1, run.t1Clock), two = s.expected(2, run.t1Clock);
+  Window w = run.window;
+  if (w.cycles == 0) { // start-up and the calls, then several whole periods
+    const uint64_t period = std::max({one.period, two.period, uint64_t(1000)});
+    w = {4000 + 7 * period, 4000 + 2 * period, std::max(one.count, two.count) - 1};
+  }
+  w.t1Clock = run.t1Clock;
+
+  std::string program, error, log;
+  EXPECT_TRUE(zvhost::generateProgram(*s.pwm, s.calls, program, error)) << error;
+  if (!run.edit.empty()) {
+    const size_t idle = program.rfind("    for (;;) {}");
+    program.insert(program.rfind("\n    ", idle - 2) + 1, run.edit);
+  }
   const auto* info = testing::UnitTest::GetInstance()->current_test_info();
   std::string name = std::string(info->test_suite_name()) + "." + info->name() +
-                     (suffix.empty() ? "" : "_" + suffix);
+                     (run.suffix.empty() ? "" : "_" + run.suffix);
   std::replace(name.begin(), name.end(), '/', '_');
-  return name;
-}
-
-Measurement runOnChip(Scenario& s, const std::string& test, int bitA, int bitB, const Window& w,
-                      const std::string& programEdit) {
-  std::string program, error, log;
-  EXPECT_TRUE(zvhost::generateProgram(s.pwm(), s.calls(), program, error)) << error;
-  if (!programEdit.empty()) {
-    const size_t idle = program.rfind("    for (;;) {}");
-    const size_t last = program.rfind("\n    ", idle - 2);
-    program.insert(last + 1, programEdit);
-  }
-  const std::string dir = workDir(test);
-  if (!compile(s.device(), dir, "pwm", program, log)) {
-    ADD_FAILURE() << "avr-gcc for " << s.device().mmcu << ":\n" << log << "\n" << program;
+  const std::string dir = workDir(name);
+  if (!compile(s.device, dir, "pwm", program, log)) {
+    ADD_FAILURE() << "avr-gcc for " << s.device.mmcu << ":\n" << log << "\n" << program;
     return {};
   }
-  Measurement m =
-      measure(s.device(), bitA, bitB, dir + "/pwm.elf", static_cast<uint32_t>(s.clock()), w);
+  const Measurement m = measure(s.device, s.device.bit1, run.bitB < 0 ? s.device.bit2 : run.bitB,
+                                dir + "/pwm.elf", static_cast<uint32_t>(s.clock), w);
   EXPECT_TRUE(m.ok) << m.error;
-  EXPECT_EQ(m.state, "running");
-  return m;
-}
-
-void expectOnChip(Scenario& s, const std::string& suffix, const OnChipRun& run) {
-  const Expected one = s.expected(1, run.t1Clock), two = s.expected(2, run.t1Clock);
-  Window w = windowFor(one, two);
-  w.t1Clock = run.t1Clock;
-  const Device& d = s.device();
-  const Measurement m = runOnChip(s, testName(suffix), d.bit1, run.bitB < 0 ? d.bit2 : run.bitB, w);
   if (m.ok) {
     EXPECT_TRUE(shows(m.a, one)) << "channel 1";
     if (run.channel2) {
       EXPECT_TRUE(shows(m.b, two)) << "channel 2";
     }
   }
+  return m;
 }
 
 } // namespace zvavr

@@ -1,8 +1,7 @@
-// The on-chip tests' harness. The host side: a component built from the real
-// code file in the build's lib folder, driven by simulated macro calls that
-// are recorded for the program, and what its model says each pin must do.
-// The target side: the device files, the program built with avr-gcc, and its
-// pins timed with pwm-measure on simavr.
+// The on-chip tests' harness: a component built from the real code file in
+// the build's lib folder, driven by simulated macro calls recorded for the
+// program; the program built with avr-gcc and its pins timed with
+// pwm-measure on simavr; and what the component's model says each pin must do.
 #pragma once
 
 #include <cstdint>
@@ -21,11 +20,10 @@ namespace zvavr {
 
 // One devices/*.zvd file with what the tests need of it.
 struct Device {
-  std::string file; // full path
-  std::string name, mmcu, core;
+  std::string file, name, mmcu, core;
   char port = 'B';
   int bit1 = 0, bit2 = 0, bitAlt = -1;
-  int hasAlt = 0;
+  bool hasAlt = false;
   bool simavrAlt = false; // simavr drives OC1C on this core
   bool simavrT1 = false;  // simavr counts Timer1 on a virtual T1 clock here
 };
@@ -35,7 +33,6 @@ inline void PrintTo(const Device& d, std::ostream* os) {
   *os << d.name;
 }
 
-std::string buildDir();
 std::vector<Device> allDevices(); // sorted by name
 Device byName(const std::string& name);
 
@@ -49,6 +46,7 @@ struct Segment {
   uint64_t start = 0, periods = 0, period = 0, high = 0;
 };
 
+// pwm-measure's summary of a pin.
 struct Pin {
   int ddr = 0, level = 0;
   bool steady = true;
@@ -58,7 +56,7 @@ struct Pin {
 
 struct Measurement {
   bool ok = false;
-  std::string error, state;
+  std::string error, elf;
   Pin a, b;
 };
 
@@ -82,60 +80,40 @@ struct Expected {
   uint64_t count = 1; // one timer count in cycles: the error must stay below it
 };
 
-class Scenario {
-public:
-  explicit Scenario(const Device& device, int32_t clock = 16000000);
+// Whether a measured pin shows what the model expects.
+testing::AssertionResult shows(const Pin& pin, const Expected& e);
+
+struct Scenario {
+  explicit Scenario(const Device& device);
   ~Scenario();
-  Scenario(const Scenario&) = delete;
-  Scenario& operator=(const Scenario&) = delete;
 
-  zv::PWM& pwm() { return *pwm_; }
-  const Device& device() const { return device_; }
-  int32_t clock() const { return clock_; }
-
-  // StartSimulation, which begins the recording, then the macro calls with
-  // 16-bit parameters in order; fails at the first call that fails.
-  testing::AssertionResult run(const std::vector<zvhost::MacroCall>& calls);
-  // One more call, recorded when it succeeds.
-  zv::Status call(int32_t macro, std::vector<long> args);
-
-  const std::vector<zvhost::MacroCall>& calls() const { return calls_; }
-  const std::vector<std::string>& boxes() const { return boxes_.texts; }
+  // StartSimulation, which begins the recording (unless start is false),
+  // then the macro calls with 16-bit parameters in order, each recorded when
+  // it succeeds; fails at the first call that fails.
+  testing::AssertionResult run(const std::vector<zvhost::MacroCall>& list, bool start = true);
 
   // Channel 1 or 2 as the model shows it now. The model counts an external
   // clock pulse as one second; t1Clock gives the pulse rate on the chip.
   Expected expected(int channel, uint32_t t1Clock = 0) const;
 
-private:
-  Device device_;
-  int32_t clock_;
-  zv::HeadlessMessageBoxes boxes_;
-  std::unique_ptr<zv::PWM> pwm_;
-  std::vector<zvhost::MacroCall> calls_;
+  Device device;
+  int32_t clock = 16000000;
+  zv::HeadlessMessageBoxes boxes;
+  std::unique_ptr<zv::PWM> pwm;
+  std::vector<zvhost::MacroCall> calls;
 };
 
-// How long to simulate so the summary holds several whole periods.
-Window windowFor(const Expected& one, const Expected& two);
-
-// Whether a measured pin shows what the model expects.
-testing::AssertionResult shows(const Pin& pin, const Expected& e);
-
-// The current test's name, made fit for a folder, with a suffix.
-std::string testName(const std::string& suffix = {});
-
-// Generates the program, builds it and measures it; failures go to gtest.
-// programEdit goes in ahead of the last call in main.
-Measurement runOnChip(Scenario& s, const std::string& test, int bitA, int bitB, const Window& w,
-                      const std::string& programEdit = {});
-
 struct OnChipRun {
+  std::string suffix{}; // added to the test's name for its work folder
   int bitB = -1;        // the pin of channel 2; -1: the device's OC1B
   uint32_t t1Clock = 0; // see Window
   bool channel2 = true; // false: channel 2 never set up, its pin not checked
+  Window window{};      // cycles 0: long enough for several whole periods
+  std::string edit{};   // program text put in ahead of the last call in main
 };
 
-// Runs the scenario on the chip and checks the channels against the model;
-// suffix is added to the test's name for its work folder.
-void expectOnChip(Scenario& s, const std::string& suffix = {}, const OnChipRun& run = {});
+// Generates the program, builds it, measures it and checks both channels
+// against the model as it is now; failures go to gtest.
+Measurement expectOnChip(Scenario& s, const OnChipRun& run = {});
 
 } // namespace zvavr

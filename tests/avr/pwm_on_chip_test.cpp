@@ -35,8 +35,8 @@ TEST_P(OnChipMatrix, PinsShowThePeriodAndDutyOfTheModel) {
                        {ChangePeriod, {pr2, clock.code}},
                        {SetDuty, {1, duty1}},
                        {SetDuty, {2, duty2}}}));
-    EXPECT_TRUE(s.boxes().empty());
-    expectOnChip(s, run);
+    EXPECT_TRUE(s.boxes.texts.empty());
+    expectOnChip(s, {.suffix = run});
   }
 }
 
@@ -54,8 +54,8 @@ class OnChip : public testing::TestWithParam<Device> {};
 
 TEST_P(OnChip, SettingsFromThePageStartTheTimer) {
   Scenario s(GetParam());
-  s.pwm().setPr2(99);
-  s.pwm().setPrescaler(8);
+  s.pwm->setPr2(99);
+  s.pwm->setPrescaler(8);
   ASSERT_TRUE(s.run({{Enable, {1}}, {Enable, {2}}, {SetDuty, {1, 30}}, {SetDuty, {2, 70}}}));
   EXPECT_EQ(s.expected(1).period, 1600u);
   expectOnChip(s);
@@ -81,16 +81,14 @@ TEST_P(OnChipAlternative, PinCarriesChannelTwo) {
   if (!device.simavrAlt)
     GTEST_SKIP() << "simavr does not drive OC1C on " << device.core;
   Scenario s(device);
-  s.pwm().setUseAltPin(-1);
+  s.pwm->setUseAltPin(-1);
   ASSERT_TRUE(s.run({{ChangePeriod, {99, 1}},
                      {Enable, {1}},
                      {SetDuty, {1, 30}},
                      {Enable, {2}},
                      {SetDuty, {2, 60}}}));
-  expectOnChip(s, "", {.bitB = device.bitAlt});
-  const Measurement b = measure(device, device.bit2, device.bitAlt,
-                                buildDir() + "/tests/avr-work/" + testName() + "/pwm.elf", 16000000,
-                                windowFor(s.expected(1), s.expected(2)));
+  const Measurement m = expectOnChip(s, {.bitB = device.bitAlt});
+  const Measurement b = measure(device, device.bit2, device.bitAlt, m.elf, 16000000, {20000, 4000});
   ASSERT_TRUE(b.ok) << b.error;
   EXPECT_EQ(b.a.ddr, 0);
   EXPECT_TRUE(b.a.steady);
@@ -122,8 +120,8 @@ TEST(OnChipMacros, TenBitDutyIsReducedAsInTheSimulation) {
     Scenario s(byName("ATmega328P"));
     ASSERT_TRUE(
         s.run({{ChangePeriod, {255, 1}}, {Enable, {1}}, {SetDutyHighLow, {1, c.high, c.low}}}));
-    EXPECT_EQ(s.pwm().aDuty[0], c.duty);
-    expectOnChip(s, run, {.channel2 = false});
+    EXPECT_EQ(s.pwm->aDuty[0], c.duty);
+    expectOnChip(s, {.suffix = run, .channel2 = false});
   }
 }
 
@@ -143,7 +141,7 @@ TEST(OnChipMacros, ExternalClockCountsTheT1Pin) {
                          {SetDuty, {1, 25}},
                          {SetDuty, {2, 75}}}));
       EXPECT_EQ(s.expected(1, t1Clock).period, 3200u);
-      expectOnChip(s, device.name + "_" + std::to_string(code), {.t1Clock = t1Clock});
+      expectOnChip(s, {.suffix = device.name + "_" + std::to_string(code), .t1Clock = t1Clock});
     }
   }
 }
@@ -154,7 +152,7 @@ TEST(OnChipMacros, UnknownClockCodeKeepsTheClock) {
   ASSERT_TRUE(
       s.run({{ChangePeriod, {99, 2}}, {ChangePeriod, {49, 8}}, {Enable, {1}}, {SetDuty, {1, 10}}}));
   EXPECT_EQ(s.expected(1).period, 800u);
-  expectOnChip(s, "", {.channel2 = false});
+  expectOnChip(s, {.channel2 = false});
 }
 
 // A period change while both channels run: the old waveform holds for a
@@ -170,20 +168,18 @@ TEST(OnChipMacros, PeriodChangeWhileRunning) {
                        {SetDuty, {1, 40}},
                        {SetDuty, {2, 90}}}));
     const Expected before[] = {s.expected(1), s.expected(2)};
-    ASSERT_TRUE(s.call(ChangePeriod, {199, 1}).ok());
+    ASSERT_TRUE(s.run({{ChangePeriod, {199, 1}}}, false));
     const Expected after[] = {s.expected(1), s.expected(2)};
     ASSERT_NE(before[0].period, after[0].period);
 
-    // About 20 old periods of busy waiting before the last call.
-    const std::string wait = "    for (volatile unsigned int wait = 0; wait < 2500; wait++) {}\n";
-    const Window w{60000 + 10 * after[0].period, 0, 8};
-    Measurement m = runOnChip(s, testName(name), device.bit1, device.bit2, w, wait);
-    if (!m.ok)
-      continue;
-    for (int i : {0, 1}) {
+    // About 20 old periods of busy waiting before the last call; the pins
+    // end on the new waveform, and hold a run of the old one before it.
+    const Measurement m = expectOnChip(
+        s, {.suffix = name,
+            .window = {60000 + 10 * after[0].period, 0, 8},
+            .edit = "    for (volatile unsigned int wait = 0; wait < 2500; wait++) {}\n"});
+    for (int i = 0; m.ok && i < 2; ++i) {
       const Pin& pin = i ? m.b : m.a;
-      EXPECT_TRUE(shows(pin, after[i])) << "channel " << i + 1;
-      // A run of periods is shown as a pin that shows nothing else.
       const bool oldRun =
           std::any_of(pin.segments.begin(), pin.segments.end(), [&](const Segment& g) {
             return shows({1, 0, false, g.period, g.high, g.periods, {}}, before[i]);
