@@ -1,5 +1,7 @@
 #include "label_view.h"
 
+#include <QEvent>
+#include <QPainter>
 #include <algorithm>
 
 namespace zvqt {
@@ -16,6 +18,29 @@ Qt::Alignment alignmentOf(int alignment) {
     return Qt::AlignLeft | Qt::AlignTop;
   }
 }
+// Qt strokes a box frame as a rectangle, which costs a label's repaint more
+// than its text: the frame keeps its shape with no line width of its own,
+// and its one-pixel edge is filled here, on the same pixels, before the text.
+class BoxEdge : public QObject {
+public:
+  using QObject::QObject;
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint) {
+      auto* label = static_cast<QLabel*>(watched);
+      const QRect r = label->frameRect();
+      if (r.width() > 0 && r.height() > 0) {
+        QPainter painter(label);
+        const QColor c = label->palette().color(label->foregroundRole());
+        painter.fillRect(QRect(r.left(), r.top(), r.width(), 1), c);
+        painter.fillRect(QRect(r.left(), r.bottom(), r.width(), 1), c);
+        painter.fillRect(QRect(r.left(), r.top(), 1, r.height()), c);
+        painter.fillRect(QRect(r.right(), r.top(), 1, r.height()), c);
+      }
+    }
+    return false;
+  }
+};
+
 } // namespace
 
 LabelView::LabelView(zv::Label& label, QWidget* parent)
@@ -43,11 +68,20 @@ void LabelView::sync() {
       setGeometry(g);
     }
   }
-  if (label_.BorderStyle() == 1) {
+  const bool boxed = label_.BorderStyle() == 1;
+  auto* edge = findChild<BoxEdge*>(QString(), Qt::FindDirectChildrenOnly);
+  if (boxed && !edge) {
     setFrameStyle(QFrame::Box | QFrame::Plain);
-    setLineWidth(1);
-  } else {
+    setLineWidth(0);
+    setContentsMargins(1, 1, 1, 1); // where the frame's width would put the text
+    installEventFilter(new BoxEdge(this));
+  } else if (!boxed && edge) {
+    removeEventFilter(edge);
+    delete edge;
+  }
+  if (!boxed) {
     setFrameStyle(QFrame::NoFrame);
+    setContentsMargins(0, 0, 0, 0);
   }
 }
 
