@@ -12,7 +12,7 @@ void Canvas::setBorderWidth(float b) {
   notifyViews();
 }
 
-void Canvas::record(DrawOp op) {
+void Canvas::record(DrawOp&& op) {
   ops_.push_back(std::move(op));
   notifyViews();
 }

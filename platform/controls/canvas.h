@@ -54,7 +54,7 @@ public:
   const std::vector<DrawOp>& ops() const { return ops_; }
 
 private:
-  void record(DrawOp op);
+  void record(DrawOp&& op);
   Color backColor_ = rgb(255, 255, 255);
   Color foreColor_ = 0;
   int drawStyle_ = 0;
