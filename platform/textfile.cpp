@@ -1,6 +1,8 @@
 #include "textfile.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -33,11 +35,10 @@ LineReader::LineReader(const std::string& path) {
   // Checked before opening: opening a FIFO would wait for a writer.
   if (!S_ISREG(st.st_mode))
     raise(errPathAccess);
-  file_ = std::fopen(path.c_str(), "rb");
-  if (!file_)
+  // Read with plain system calls: the reader buffers whole blocks itself.
+  fd_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd_ < 0)
     raise(errPathAccess);
-  // The reader buffers whole blocks itself; stdio's copy would be a second one.
-  std::setvbuf(file_, nullptr, _IONBF, 0);
   // Sized to the file, so a small file costs no large allocation; a file that
   // grows after the stat is still read whole, block by block.
   size_ = std::clamp(static_cast<size_t>(st.st_size) + 1, kMinBlockSize, kBlockSize);
@@ -45,14 +46,14 @@ LineReader::LineReader(const std::string& path) {
 }
 
 LineReader::LineReader(LineReader&& other) noexcept
-    : file_(std::exchange(other.file_, nullptr)), buffer_(std::move(other.buffer_)),
+    : fd_(std::exchange(other.fd_, -1)), buffer_(std::move(other.buffer_)),
       pos_(std::exchange(other.pos_, 0)), size_(std::exchange(other.size_, 0)),
       len_(std::exchange(other.len_, 0)), carry_(std::move(other.carry_)) {}
 
 LineReader& LineReader::operator=(LineReader&& other) noexcept {
   if (this != &other) {
     close();
-    file_ = std::exchange(other.file_, nullptr);
+    fd_ = std::exchange(other.fd_, -1);
     buffer_ = std::move(other.buffer_);
     pos_ = std::exchange(other.pos_, 0);
     size_ = std::exchange(other.size_, 0);
@@ -67,25 +68,29 @@ LineReader::~LineReader() {
 }
 
 void LineReader::close() {
-  if (file_)
-    std::fclose(file_);
-  file_ = nullptr;
+  if (fd_ >= 0)
+    ::close(fd_);
+  fd_ = -1;
   buffer_.reset();
   pos_ = len_ = size_ = 0;
 }
 
 bool LineReader::fill() {
   pos_ = len_ = 0;
-  if (!file_)
+  if (fd_ < 0)
     return false;
-  len_ = std::fread(buffer_.get(), 1, size_, file_);
-  if (len_ == 0 && std::ferror(file_))
+  ssize_t got;
+  do
+    got = ::read(fd_, buffer_.get(), size_);
+  while (got < 0 && errno == EINTR);
+  if (got < 0)
     raise(errPathAccess);
+  len_ = static_cast<size_t>(got);
   return len_ > 0;
 }
 
 bool LineReader::atEnd() {
-  if (!file_)
+  if (fd_ < 0)
     raise(52); // bad file name or number: the channel is not open
   return !fill();
 }

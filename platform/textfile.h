@@ -25,7 +25,7 @@ public:
   LineReader& operator=(const LineReader&) = delete;
   ~LineReader();
 
-  bool isOpen() const { return file_ != nullptr; }
+  bool isOpen() const { return fd_ >= 0; }
   bool eof() { return pos_ >= len_ && atEnd(); }
   // The next line without its line end; raises 62-style errors past the end.
   std::string readLine();
@@ -58,7 +58,7 @@ private:
   std::string_view readLineAcross();
   // Refills the block buffer; false at the end of the file.
   bool fill();
-  std::FILE* file_ = nullptr;
+  int fd_ = -1;
   std::unique_ptr<char[]> buffer_;
   size_t pos_ = 0;
   size_t size_ = 0; // of buffer_
