@@ -48,7 +48,8 @@ LineReader::LineReader(const std::string& path) {
 LineReader::LineReader(LineReader&& other) noexcept
     : fd_(std::exchange(other.fd_, -1)), buffer_(std::move(other.buffer_)),
       pos_(std::exchange(other.pos_, 0)), size_(std::exchange(other.size_, 0)),
-      len_(std::exchange(other.len_, 0)), carry_(std::move(other.carry_)) {}
+      len_(std::exchange(other.len_, 0)), drained_(std::exchange(other.drained_, false)),
+      carry_(std::move(other.carry_)) {}
 
 LineReader& LineReader::operator=(LineReader&& other) noexcept {
   if (this != &other) {
@@ -58,6 +59,7 @@ LineReader& LineReader::operator=(LineReader&& other) noexcept {
     pos_ = std::exchange(other.pos_, 0);
     size_ = std::exchange(other.size_, 0);
     len_ = std::exchange(other.len_, 0);
+    drained_ = std::exchange(other.drained_, false);
     carry_ = std::move(other.carry_);
   }
   return *this;
@@ -73,11 +75,12 @@ void LineReader::close() {
   fd_ = -1;
   buffer_.reset();
   pos_ = len_ = size_ = 0;
+  drained_ = false;
 }
 
 bool LineReader::fill() {
   pos_ = len_ = 0;
-  if (fd_ < 0)
+  if (fd_ < 0 || drained_)
     return false;
   ssize_t got;
   do
@@ -86,6 +89,8 @@ bool LineReader::fill() {
   if (got < 0)
     raise(errPathAccess);
   len_ = static_cast<size_t>(got);
+  // A regular file reads short only at its end: asking again would answer nothing.
+  drained_ = len_ < size_;
   return len_ > 0;
 }
 

@@ -63,6 +63,7 @@ private:
   size_t pos_ = 0;
   size_t size_ = 0; // of buffer_
   size_t len_ = 0;
+  bool drained_ = false; // the last read came back short: the file has ended
   std::string carry_; // a line that runs across blocks
 };
 

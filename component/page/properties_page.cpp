@@ -128,8 +128,11 @@ void Properties::PropertyPage_Initialize() {
   VScroll1.setValue(255);
   edtLabel1.setText("CCP1");
   edtLabel2.setText("CCP2");
-  lblVersion.setCaption("v" + std::to_string(ZV_VERSION_MAJOR) + "." +
-                        std::to_string(ZV_VERSION_MINOR) + "." + std::to_string(ZV_VERSION_PATCH));
+  std::string version = "v";
+  version.append(std::to_string(ZV_VERSION_MAJOR)).append(".");
+  version.append(std::to_string(ZV_VERSION_MINOR)).append(".");
+  version.append(std::to_string(ZV_VERSION_PATCH));
+  lblVersion.setCaption(version);
   cboClockSource.Clear();
   for (const auto& entry : kPrescalers)
     cboClockSource.AddItem(entry.text);
