@@ -1,4 +1,5 @@
 #include "platform/textfile.h"
+#include "tests/common/error_of.h"
 
 #include <gtest/gtest.h>
 
@@ -21,14 +22,7 @@ Lines readAll(const std::string& path) {
   return lines;
 }
 
-int errorOf(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const RuntimeError& e) {
-    return e.number();
-  }
-  return 0;
-}
+using zvtest::errorOf;
 
 TEST(LineReader, LineEndsAreCrLfOrALoneCr) {
   const struct {

@@ -1,4 +1,5 @@
 #include "platform/vbnum.h"
+#include "tests/common/error_of.h"
 
 #include <gtest/gtest.h>
 
@@ -11,14 +12,7 @@
 namespace zv {
 namespace {
 
-int errorOf(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const RuntimeError& e) {
-    return e.number();
-  }
-  return 0;
-}
+using zvtest::errorOf;
 
 TEST(CheckedArithmetic, OverflowRaisesSixAtTheEdgesOfTheRange) {
   EXPECT_EQ(add16(32766, 1), 32767);
