@@ -279,7 +279,11 @@ std::optional<double> readNumber(std::string_view text) {
   return negative ? -v : v;
 }
 
-int16_t toI2(const Variant& v) {
+namespace {
+
+// A Variant's whole number as T: integers are range-checked, reals and texts
+// rounded by the matching conversion; an array has none.
+template <typename T> T wholeOf(const Variant& v, T (*fromReal)(double)) {
   if (v.isArray())
     raise(errTypeMismatch);
   switch (v.type()) {
@@ -287,50 +291,28 @@ int16_t toI2(const Variant& v) {
   case VarType::I4:
   case VarType::UI1:
   case VarType::Bool:
-    return narrow16(v.rawI4());
+    return checked<T>(v.rawI4());
   case VarType::R4:
   case VarType::R8:
   case VarType::BSTR:
-    return cint(toR8(v));
+    return fromReal(toR8(v));
   default:
     return 0;
   }
+}
+
+} // namespace
+
+int16_t toI2(const Variant& v) {
+  return wholeOf<int16_t>(v, cint);
 }
 
 int32_t toI4(const Variant& v) {
-  if (v.isArray())
-    raise(errTypeMismatch);
-  switch (v.type()) {
-  case VarType::I2:
-  case VarType::I4:
-  case VarType::UI1:
-  case VarType::Bool:
-    return v.rawI4();
-  case VarType::R4:
-  case VarType::R8:
-  case VarType::BSTR:
-    return clng(toR8(v));
-  default:
-    return 0;
-  }
+  return wholeOf<int32_t>(v, clng);
 }
 
 uint8_t toUI1(const Variant& v) {
-  if (v.isArray())
-    raise(errTypeMismatch);
-  switch (v.type()) {
-  case VarType::I2:
-  case VarType::I4:
-  case VarType::UI1:
-  case VarType::Bool:
-    return checked<uint8_t>(v.rawI4());
-  case VarType::R4:
-  case VarType::R8:
-  case VarType::BSTR:
-    return cbyte(toR8(v));
-  default:
-    return 0;
-  }
+  return wholeOf<uint8_t>(v, cbyte);
 }
 
 bool toBool(const Variant& v) {
