@@ -11,7 +11,6 @@
 #include <QPainter>
 #include <cstdio>
 #include <fstream>
-#include <memory>
 #include <sstream>
 #include <vector>
 
@@ -152,10 +151,11 @@ QColor qcolor(Color c) {
   return QColor((c >> 16) & 255, (c >> 8) & 255, c & 255);
 }
 
-// QPainter needs a GUI application for its fonts; a script run has none.
-std::unique_ptr<QGuiApplication> ensureGuiApplication() {
+// QPainter needs a GUI application for its fonts; a script run has none. The one
+// made here stays for the process, so later pictures don't start Qt again.
+void ensureGuiApplication() {
   if (QCoreApplication::instance() != nullptr)
-    return nullptr;
+    return;
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
   // Without a runtime folder Qt warns on every start; a private one keeps stderr clean.
@@ -167,7 +167,7 @@ std::unique_ptr<QGuiApplication> ensureGuiApplication() {
   static int argc = 1;
   static char name[] = "zelvor-host";
   static char* argv[] = {name, nullptr};
-  return std::make_unique<QGuiApplication>(argc, argv);
+  new QGuiApplication(argc, argv);
 }
 
 QImage paintScene(const Scene& scene, double pixelsPerTwip) {
@@ -291,7 +291,7 @@ bool renderPanel(zv::ComponentObject& component, const std::string& path, std::s
       error = "the scale must be above 0";
       return false;
     }
-    const auto app = ensureGuiApplication();
+    ensureGuiApplication();
     const QImage image = paintScene(sceneOf(component), pixelsPerTwip);
     if (!image.save(QString::fromStdString(path), "PNG")) {
       error = "cannot write " + path;
