@@ -10,11 +10,12 @@ namespace fs = std::filesystem;
 
 std::string devicesFolder(const std::string& exeDir) {
   std::error_code ec;
+  // An installed host has its own devices; the build tree's come from the sources.
   const fs::path candidates[] = {
+      fs::path(exeDir) / ".." / "share" / "zelvor" / "devices",
 #ifdef ZV_SOURCE_DIR
       fs::path(ZV_SOURCE_DIR) / "devices",
 #endif
-      fs::path(exeDir) / ".." / "share" / "zelvor" / "devices",
   };
   for (const fs::path& folder : candidates)
     if (fs::is_directory(folder, ec))
