@@ -20,9 +20,12 @@ LibraryFacts libraryFactsOf(const void* addressInLibrary) {
 std::string joinPath(const std::string& folder, const std::string& name) {
   if (folder.empty())
     return name;
-  if (folder.back() == '/')
-    return folder + name;
-  return folder + "/" + name;
+  std::string path;
+  path.reserve(folder.size() + 1 + name.size());
+  path.append(folder);
+  if (folder.back() != '/')
+    path.push_back('/');
+  return path.append(name);
 }
 
 } // namespace zv

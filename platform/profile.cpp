@@ -48,8 +48,13 @@ bool sameName(std::string_view a, std::string_view b) {
 // blocking, a folder reads nothing, and an endless device is cut off.
 class FileBytes {
 public:
-  explicit FileBytes(const std::string& path) {
+  // `regular`, when asked for, tells whether the path named a regular file.
+  explicit FileBytes(const std::string& path, bool* regular = nullptr) {
     int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (regular) {
+      struct stat st {};
+      *regular = fd >= 0 && ::fstat(fd, &st) == 0 && S_ISREG(st.st_mode);
+    }
     if (fd < 0)
       return;
     ssize_t got = ::read(fd, small_, sizeof small_);
@@ -183,8 +188,8 @@ uint32_t copyCut(std::string_view v, std::string& out, uint32_t size) {
 
 uint32_t getPrivateProfileString(std::string_view section, std::string_view key,
                                  std::string_view defaultValue, std::string& out, uint32_t size,
-                                 const std::string& path) {
-  FileBytes file(path);
+                                 const std::string& path, bool* fileFound) {
+  FileBytes file(path, fileFound);
   if (auto value = findValue(file.text(), trim(section), trim(key)))
     return copyCut(unquote(*value), out, size);
   while (!defaultValue.empty() && defaultValue.back() == ' ')

@@ -5,11 +5,17 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <bit>
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <utility>
 
 #include "errors.h"
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace zv {
 
@@ -26,19 +32,18 @@ bool fileExists(const std::string& path) {
 }
 
 LineReader::LineReader(const std::string& path) {
-  struct stat st {};
-  if (path.empty() || ::stat(path.c_str(), &st) != 0) {
+  // Without blocking, so a FIFO is refused below instead of waiting for a writer.
+  fd_ = path.empty() ? -1 : ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  if (fd_ < 0) {
     if (!path.empty() && errno != ENOENT && errno != ENOTDIR)
       raise(errPathAccess);
     raise(errFileNotFound);
   }
-  // Checked before opening: opening a FIFO would wait for a writer.
-  if (!S_ISREG(st.st_mode))
+  struct stat st {};
+  if (::fstat(fd_, &st) != 0 || !S_ISREG(st.st_mode)) {
+    close();
     raise(errPathAccess);
-  // Read with plain system calls: the reader buffers whole blocks itself.
-  fd_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (fd_ < 0)
-    raise(errPathAccess);
+  }
   // Sized to the file, so a small file costs no large allocation; a file that
   // grows after the stat is still read whole, block by block.
   size_ = std::clamp(static_cast<size_t>(st.st_size) + 1, kMinBlockSize, kBlockSize);
@@ -115,15 +120,80 @@ namespace {
 
 // Whole lines, each ended by CR LF or a lone CR, added with an LF each.
 void appendLines(std::string& out, const char* from, const char* to) {
-  out.reserve(out.size() + static_cast<size_t>(to - from));
-  while (from < to) {
-    const auto* cr =
-        static_cast<const char*>(std::memchr(from, '\r', static_cast<size_t>(to - from)));
-    out.append(from, static_cast<size_t>(cr - from)).push_back('\n');
-    from = cr + 1;
+  const size_t start = out.size();
+  // Each line shrinks or keeps its length, so the text fits in its own size.
+  out.resize(start + static_cast<size_t>(to - from));
+  char* dest = out.data() + start;
+  constexpr uint64_t kOnes = 0x0101010101010101u;
+  // Eight bytes at a time, a word's first CR found by its bits: lines are
+  // short, and a memchr and a memcpy per line cost more than their bytes.
+  while (std::endian::native == std::endian::little && to - from >= 8) {
+    uint64_t word;
+    std::memcpy(&word, from, 8);
+    std::memcpy(dest, &word, 8); // dest never runs ahead of from
+    const uint64_t x = word ^ (kOnes * '\r');
+    const uint64_t crs = (x - kOnes) & ~x & (kOnes * 0x80);
+    if (!crs) {
+      dest += 8;
+      from += 8;
+      continue;
+    }
+    const int at = std::countr_zero(crs) / 8; // exact for the lowest CR
+    dest[at] = '\n';
+    dest += at + 1;
+    from += at + 1;
     if (from < to && *from == '\n')
       ++from;
   }
+  while (from < to) {
+    const char c = *from++;
+    if (c != '\r') {
+      *dest++ = c;
+      continue;
+    }
+    *dest++ = '\n';
+    if (from < to && *from == '\n')
+      ++from;
+  }
+  out.resize(static_cast<size_t>(dest - out.data()));
+}
+
+// The first place of `text` in [from, to). Sixteen places at a time are
+// tested on the text's first and last bytes together, which C text seldom
+// matches both; memmem's byte pairs and a memchr per candidate both crawl.
+const char* findText(const char* from, const char* to, std::string_view text) {
+  const size_t n = text.size();
+  if (n == 0 || static_cast<size_t>(to - from) < n)
+    return nullptr;
+  const char* last = to - n; // the last place the text fits
+  const char* at = from;
+#if defined(__SSE2__)
+  if (n >= 2) {
+    const __m128i first = _mm_set1_epi8(text.front());
+    const __m128i end = _mm_set1_epi8(text.back());
+    for (; last - at >= 15; at += 16) {
+      const __m128i heads = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+      const __m128i tails = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at + n - 1));
+      auto candidates = static_cast<unsigned>(_mm_movemask_epi8(
+          _mm_and_si128(_mm_cmpeq_epi8(heads, first), _mm_cmpeq_epi8(tails, end))));
+      for (; candidates; candidates &= candidates - 1) {
+        const char* start = at + std::countr_zero(candidates);
+        if (std::memcmp(start + 1, text.data() + 1, n - 2) == 0)
+          return start;
+      }
+    }
+  }
+#endif
+  while (at <= last) {
+    const auto* hit =
+        static_cast<const char*>(std::memchr(at, text.front(), static_cast<size_t>(last - at) + 1));
+    if (!hit)
+      return nullptr;
+    if (std::memcmp(hit, text.data(), n) == 0)
+      return hit;
+    at = hit + 1;
+  }
+  return nullptr;
 }
 
 } // namespace
@@ -138,8 +208,7 @@ bool LineReader::skipToLine(std::string_view line, std::string* passed) {
       lastCr = static_cast<const char*>(memrchr(start, '\r', static_cast<size_t>(lastCr - start)));
     if (lastCr && !line.empty()) {
       for (const char* from = start;;) {
-        const auto* hit = static_cast<const char*>(
-            memmem(from, static_cast<size_t>(lastCr - from), line.data(), line.size()));
+        const char* hit = findText(from, lastCr, line);
         if (!hit)
           break;
         // A line starts after a CR, or after the LF of a CR LF; a lone LF stays in its line.

@@ -11,10 +11,8 @@ namespace {
 
 constexpr uint32_t kKeyBufferSize = 255;
 
-// A missing file is reported and the read goes on, so the caller gets its default.
-void reportIfMissing(const std::string& path) {
-  if (!fileExists(path))
-    msgBox("Error - cannot find C code file:\r\n\r\n" + path);
+void reportMissing(const std::string& path) {
+  msgBox("Error - cannot find C code file:\r\n\r\n" + path);
 }
 
 } // namespace
@@ -27,11 +25,14 @@ std::string PWM::GetIniKeyValue(std::string& lpApplicationName, std::string& lpK
                                 std::string& lpDefault) {
   try {
     const std::string path = codeFilePath();
-    reportIfMissing(path);
     std::string buffer(kKeyBufferSize, ' ');
+    bool found = false;
     const uint32_t n = getPrivateProfileString(lpApplicationName, lpKeyName, lpDefault, buffer,
-                                               kKeyBufferSize, path);
+                                               kKeyBufferSize, path, &found);
     buffer.resize(n);
+    // A missing file is reported, and the caller still gets its default.
+    if (!found)
+      reportMissing(path);
     return buffer;
   } catch (const RuntimeError& e) {
     msgBox(e.description());
@@ -53,7 +54,8 @@ std::string PWM::GetCodeFromFile(std::string& lpCodeName) {
     try {
       file = LineReader(path);
     } catch (const RuntimeError&) {
-      reportIfMissing(path);
+      if (!fileExists(path))
+        reportMissing(path);
       throw;
     }
     // The scan runs to the end of the file: blocks of one name add up.

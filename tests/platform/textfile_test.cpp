@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <random>
 #include <vector>
 
 #include "platform/errors.h"
@@ -88,6 +89,65 @@ TEST(LineReader, MovedFromReaderIsClosed) {
   EXPECT_EQ(b.readLine(), "2");
   b.close();
   EXPECT_FALSE(b.isOpen());
+}
+
+// The block scan searches the buffer for its marker and copies the lines it
+// passes in bulk; reading line by line must give the same lines and stops.
+struct Scan {
+  bool found = false;
+  std::string passed;
+  bool operator==(const Scan&) const = default;
+};
+
+std::vector<Scan> scanByLines(const std::string& path, const std::string& marker) {
+  std::vector<Scan> scans(1);
+  for (const std::string& line : readAll(path)) {
+    if (line == marker) {
+      scans.back().found = true;
+      scans.emplace_back();
+    } else {
+      scans.back().passed += line + "\n";
+    }
+  }
+  return scans;
+}
+
+std::vector<Scan> scanByBlocks(const std::string& path, const std::string& marker) {
+  std::vector<Scan> scans;
+  LineReader reader(path);
+  do {
+    Scan scan;
+    scan.found = reader.skipToLine(marker, &scan.passed);
+    scans.push_back(scan);
+  } while (scans.back().found);
+  return scans;
+}
+
+TEST(LineReader, SkipToLineFindsWhatReadingLineByLineFinds) {
+  const std::string marker = "/*Macro_X_Start*/";
+  // Near misses share the marker's first and last bytes, or sit inside a line.
+  const std::string pieces[] = {
+      marker, "/*Macro_Y_Start*/", marker + " ",           " " + marker, "/*Macro_X_", "x",
+      "",     "0123456789abcdef",  "  OCR1A = 5; // duty", "/**/"};
+  const std::string ends[] = {"\r\n", "\r", "\n", "\r\n"};
+  std::mt19937 random(20261122);
+  zvtest::TempFolder dir;
+  for (int round = 0; round < 400; ++round) {
+    std::string bytes;
+    for (int n = static_cast<int>(random() % 48); n > 0; --n)
+      bytes += pieces[random() % std::size(pieces)] + ends[random() % std::size(ends)];
+    if (random() % 4 == 0)
+      bytes += marker; // the last line, with no end
+    const std::string path = dir.write("f.c", bytes);
+    ASSERT_EQ(scanByBlocks(path, marker), scanByLines(path, marker)) << bytes;
+  }
+  // Markers on either side of a read block's end, one MiB in.
+  for (size_t at = (size_t{1} << 20) - 20; at < (size_t{1} << 20) + 4; ++at) {
+    std::string bytes = std::string(at - 2, 'x') + "\r\n" + marker + "\r\nafter\r\n";
+    bytes.insert(0, std::string(size_t{1} << 20, 'y') + "\r\n");
+    const std::string path = dir.write("f.c", bytes);
+    ASSERT_EQ(scanByBlocks(path, marker), scanByLines(path, marker)) << at;
+  }
 }
 
 } // namespace
