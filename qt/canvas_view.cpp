@@ -1,9 +1,13 @@
 #include "canvas_view.h"
 
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPaintEngine>
 #include <QPaintEvent>
 #include <QStaticText>
 #include <algorithm>
 #include <cmath>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -47,6 +51,7 @@ public:
     fill_ = t.type() <= QTransform::TxTranslate;
     dx_ = t.dx();
     dy_ = t.dy();
+    whole_ = dx_ == std::floor(dx_) && dy_ == std::floor(dy_);
   }
   ~LineBatch() { flush(); }
 
@@ -78,17 +83,111 @@ private:
     if (x1 == x2 && y1 == y2)
       return false;
     flush();
-    painter_.fillRect(QRectF(x1 - dx_, y1 - dy_, x2 - x1 + 1, y2 - y1 + 1), toQColor(color));
+    const QRectF pixels(x1 - dx_, y1 - dy_, x2 - x1 + 1, y2 - y1 + 1);
+    // Whole-pixel rectangles take the painter's integer path, which is cheaper.
+    if (whole_)
+      painter_.fillRect(pixels.toRect(), toQColor(color));
+    else
+      painter_.fillRect(pixels, toQColor(color));
     return true;
   }
 
   QPainter& painter_;
   bool fill_ = false;
+  bool whole_ = false;
   double dx_ = 0, dy_ = 0;
   std::vector<QLineF> run_;
   zv::Color color_ = 0;
   int style_ = -1;
 };
+
+// Shaping a text costs more than drawing it: keep the few texts a panel shows.
+const QStaticText& shapedText(QPainter& painter, const std::string& text) {
+  static std::unordered_map<std::string, QStaticText> shaped;
+  if (shaped.size() > 64)
+    shaped.clear();
+  auto it = shaped.find(text);
+  if (it == shaped.end()) {
+    it = shaped.emplace(text, QStaticText(QString::fromStdString(text))).first;
+    it->second.setTextFormat(Qt::PlainText);
+    it->second.prepare(painter.transform(), painter.font());
+  }
+  return it->second;
+}
+
+// A text drawn once into a transparent image, at the same fraction of a pixel,
+// and stamped at each repaint: one blend of the image costs a fraction of
+// blending every glyph afresh, and from one step of a simulation to the next
+// most of a panel's texts stay as they were.
+struct Stamp {
+  QRgb color;
+  QPointF fraction;
+  QFont font;
+  QImage image;
+  QPoint offset; // of the image's top left from the text's whole pixel
+};
+
+Stamp makeStamp(QPainter& painter, const std::string& text, const QColor& color, QPointF fraction) {
+  const QStaticText& shaped = shapedText(painter, text);
+  const QFontMetricsF metrics(painter.font());
+  // The glyphs' ink, which may reach past the text's advance, and a pixel more.
+  const QRectF ink = metrics.boundingRect(QString::fromStdString(text))
+                         .translated(fraction.x(), fraction.y() + metrics.ascent())
+                         .united(QRectF(fraction, shaped.size()));
+  const QRect pixels(QPoint(static_cast<int>(std::floor(ink.left())) - 1,
+                            static_cast<int>(std::floor(ink.top())) - 1),
+                     QPoint(static_cast<int>(std::ceil(ink.right())) + 1,
+                            static_cast<int>(std::ceil(ink.bottom())) + 1));
+  Stamp stamp{color.rgb(), fraction, painter.font(),
+              QImage(pixels.size(), QImage::Format_ARGB32_Premultiplied), pixels.topLeft()};
+  stamp.image.fill(Qt::transparent);
+  {
+    QPainter onto(&stamp.image);
+    onto.setFont(painter.font());
+    onto.setPen(color);
+    onto.drawStaticText(fraction - QPointF(pixels.topLeft()), shaped);
+  }
+  return stamp;
+}
+
+// Null the first time a text is asked for at its place: a text that changes
+// at every step, as a swept duty's does, is drawn directly, never stamped.
+const Stamp* stampOf(QPainter& painter, const std::string& text, const QColor& color,
+                     QPointF fraction) {
+  static std::unordered_map<std::string, std::vector<Stamp>> stamps;
+  if (stamps.size() > 64)
+    stamps.clear();
+  std::vector<Stamp>& made = stamps[text];
+  for (Stamp& stamp : made)
+    if (stamp.color == color.rgb() && stamp.fraction == fraction && stamp.font == painter.font()) {
+      if (stamp.image.isNull())
+        stamp = makeStamp(painter, text, color, fraction);
+      return &stamp;
+    }
+  if (made.size() > 8)
+    made.clear();
+  made.push_back({color.rgb(), fraction, painter.font(), QImage(), QPoint()});
+  return nullptr;
+}
+
+void drawText(QPainter& painter, QPointF at, const std::string& text, const QColor& color) {
+  const QTransform& t = painter.deviceTransform();
+  // Stamps land on whole pixels of a raster device; anything else, a picture
+  // as SVG among them, is drawn as text.
+  if (painter.paintEngine()->type() != QPaintEngine::Raster || t.type() > QTransform::TxTranslate ||
+      t.dx() != std::floor(t.dx()) || t.dy() != std::floor(t.dy())) {
+    painter.setPen(color);
+    painter.drawStaticText(at, shapedText(painter, text));
+    return;
+  }
+  const QPointF whole(std::floor(at.x()), std::floor(at.y()));
+  if (const Stamp* stamp = stampOf(painter, text, color, at - whole)) {
+    painter.drawImage(whole + QPointF(stamp->offset), stamp->image);
+    return;
+  }
+  painter.setPen(color);
+  painter.drawStaticText(at, shapedText(painter, text));
+}
 
 // A bordered canvas shows a single grey edge, as the panel's pictures do.
 void paintBorder(QPainter& painter, const QRectF& outer, double border) {
@@ -137,22 +236,10 @@ void paintCanvas(QPainter& painter, const zv::Canvas& canvas, double scale) {
       addLine(op, {b.x(), b.y()}, {a.x(), b.y()});
       addLine(op, {a.x(), b.y()}, {a.x(), a.y()});
       break;
-    case zv::DrawOp::Kind::Print: {
+    case zv::DrawOp::Kind::Print:
       lines.flush();
-      painter.setPen(toQColor(op.color));
-      // Shaping a text costs more than drawing it: keep the few texts a panel shows.
-      static std::unordered_map<std::string, QStaticText> shaped;
-      if (shaped.size() > 64)
-        shaped.clear();
-      auto it = shaped.find(op.text);
-      if (it == shaped.end()) {
-        it = shaped.emplace(op.text, QStaticText(QString::fromStdString(op.text))).first;
-        it->second.setTextFormat(Qt::PlainText);
-        it->second.prepare(painter.transform(), painter.font());
-      }
-      painter.drawStaticText(a, it->second);
+      drawText(painter, a, op.text, toQColor(op.color));
       break;
-    }
     }
   }
   lines.flush();

@@ -1,6 +1,6 @@
 #include "label_view.h"
 
-#include <QEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
 
@@ -18,28 +18,17 @@ Qt::Alignment alignmentOf(int alignment) {
     return Qt::AlignLeft | Qt::AlignTop;
   }
 }
-// Qt strokes a box frame as a rectangle, which costs a label's repaint more
-// than its text: the frame keeps its shape with no line width of its own,
-// and its one-pixel edge is filled here, on the same pixels, before the text.
-class BoxEdge : public QObject {
-public:
-  using QObject::QObject;
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::Paint) {
-      auto* label = static_cast<QLabel*>(watched);
-      const QRect r = label->frameRect();
-      if (r.width() > 0 && r.height() > 0) {
-        QPainter painter(label);
-        const QColor c = label->palette().color(label->foregroundRole());
-        painter.fillRect(QRect(r.left(), r.top(), r.width(), 1), c);
-        painter.fillRect(QRect(r.left(), r.bottom(), r.width(), 1), c);
-        painter.fillRect(QRect(r.left(), r.top(), 1, r.height()), c);
-        painter.fillRect(QRect(r.right(), r.top(), 1, r.height()), c);
-      }
-    }
-    return false;
+// The caption as QLabel draws plain text: a CR shows as a space, an LF breaks
+// the line, a tab is a space.
+QString displayed(QString text) {
+  for (QChar& c : text) {
+    if (c == u'\r' || c == u'\t')
+      c = u' ';
+    else if (c == u'\n')
+      c = QChar::LineSeparator;
   }
-};
+  return text;
+}
 
 } // namespace
 
@@ -68,21 +57,72 @@ void LabelView::sync() {
       setGeometry(g);
     }
   }
-  const bool boxed = label_.BorderStyle() == 1;
-  auto* edge = findChild<BoxEdge*>(QString(), Qt::FindDirectChildrenOnly);
-  if (boxed && !edge) {
+  // A box frame keeps its shape, but its one-pixel edge is filled in
+  // paintEvent: Qt strokes a box frame as a rectangle, dearer than the text.
+  if (label_.BorderStyle() == 1) {
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setLineWidth(0);
     setContentsMargins(1, 1, 1, 1); // where the frame's width would put the text
-    installEventFilter(new BoxEdge(this));
-  } else if (!boxed && edge) {
-    removeEventFilter(edge);
-    delete edge;
-  }
-  if (!boxed) {
+  } else {
     setFrameStyle(QFrame::NoFrame);
     setContentsMargins(0, 0, 0, 0);
   }
+}
+
+void LabelView::prepareText(const QRect& area) {
+  const Qt::Alignment horizontal = alignment() & Qt::AlignHorizontal_Mask;
+  if (shapedValid_ && shapedText_ == text() && shapedArea_ == area.size() &&
+      shapedFont_ == font() && shapedAlignment_ == horizontal && shapedWrap_ == wordWrap())
+    return;
+  shapedText_ = text();
+  shapedArea_ = area.size();
+  shapedFont_ = font();
+  shapedAlignment_ = horizontal;
+  shapedWrap_ = wordWrap();
+  shaped_ = QStaticText(displayed(shapedText_));
+  shaped_.setTextFormat(Qt::PlainText);
+  QTextOption option(horizontal);
+  option.setWrapMode(shapedWrap_ ? QTextOption::WordWrap : QTextOption::NoWrap);
+  shaped_.setTextOption(option);
+  shaped_.setTextWidth(shapedWrap_ ? area.width() : -1);
+  shaped_.prepare(QTransform(), font());
+  shapedValid_ = true;
+}
+
+void LabelView::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  const QColor ink =
+      palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, foregroundRole());
+  if (frameShape() == QFrame::Box) {
+    // The widget's edge: frameRect() would be the contents widened by a frame
+    // width of 0, a pixel inside it.
+    const QRect r = rect();
+    painter.fillRect(QRect(r.left(), r.top(), r.width(), 1), ink);
+    painter.fillRect(QRect(r.left(), r.bottom(), r.width(), 1), ink);
+    painter.fillRect(QRect(r.left(), r.top(), 1, r.height()), ink);
+    painter.fillRect(QRect(r.right(), r.top(), 1, r.height()), ink);
+  }
+  const QRect area = contentsRect();
+  if (text().isEmpty() || area.isEmpty())
+    return;
+  // Lines of their own are spaced by QLabel's rules, not the kept layout's.
+  if (text().contains(u'\n')) {
+    painter.end();
+    QLabel::paintEvent(event);
+    return;
+  }
+  prepareText(area);
+  QPointF at = area.topLeft();
+  // Unwrapped text is placed by hand: the layout aligns only within a width.
+  if (!shapedWrap_) {
+    const qreal spare = area.width() - shaped_.size().width();
+    if (shapedAlignment_ & Qt::AlignRight)
+      at.rx() += spare;
+    else if (shapedAlignment_ & Qt::AlignHCenter)
+      at.rx() += spare / 2;
+  }
+  painter.setPen(ink);
+  painter.drawStaticText(at, shaped_);
 }
 
 } // namespace zvqt

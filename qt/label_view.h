@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QStaticText>
 
 #include "binding.h"
 #include "platform/controls/widgets.h"
@@ -12,10 +13,23 @@ class LabelView : public QLabel {
 public:
   LabelView(zv::Label& label, QWidget* parent = nullptr);
 
+protected:
+  void paintEvent(QPaintEvent* event) override;
+
 private:
   void sync();
+  void prepareText(const QRect& area);
   zv::Label& label_;
   ControlBinding binding_;
+  // The caption laid out once, for as long as caption, area and font stay:
+  // a panel's labels keep their captions while it repaints at every step.
+  QStaticText shaped_;
+  QString shapedText_;
+  QSize shapedArea_;
+  QFont shapedFont_;
+  Qt::Alignment shapedAlignment_;
+  bool shapedWrap_ = false;
+  bool shapedValid_ = false;
 };
 
 } // namespace zvqt

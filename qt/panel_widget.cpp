@@ -1,5 +1,8 @@
 #include "panel_widget.h"
 
+#include <QGuiApplication>
+#include <QScreen>
+
 namespace zvqt {
 
 PanelWidget::PanelWidget(zv::ComponentObject& component, QWidget* parent)
@@ -9,6 +12,10 @@ PanelWidget::PanelWidget(zv::ComponentObject& component, QWidget* parent)
   face.setColor(QPalette::Window, QColor(240, 240, 240));
   setPalette(face);
   setFont(platformFont());
+  // A panel painted while not on screen (a picture, a test) would otherwise
+  // look for its screen by position in every painter it begins.
+  if (!parent && QGuiApplication::primaryScreen())
+    setScreen(QGuiApplication::primaryScreen());
   views_ = buildViews(component.panelControls(), *this);
   sync();
 }

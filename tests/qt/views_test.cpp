@@ -1,7 +1,9 @@
 // The views on bare control models: user actions reach the models through
 // their setters, models reach the views, and nothing echoes.
 #include <QImage>
+#include <QLabel>
 #include <QTest>
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 #include "platform/controls/canvas.h"
@@ -184,6 +186,93 @@ TEST_F(ViewsTest, CanvasPaintsBackgroundAndRecordedDrawingInsideItsBorder) {
   for (const Probe& p : probes)
     EXPECT_EQ(image.pixelColor(p.x, p.y), p.color) << p.x << "," << p.y;
   EXPECT_EQ(image.pixelColor(0, 0), QColor(128, 128, 128)); // the border
+}
+
+QImage grab(QWidget& widget) {
+  QImage image(widget.size(), QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::white);
+  widget.render(&image);
+  return image;
+}
+
+// The pixels where two pictures of one size differ by more than `step` in a
+// colour channel, as "x,y" texts.
+std::vector<std::string> differences(const QImage& a, const QImage& b, int step = 0) {
+  std::vector<std::string> at;
+  for (int y = 0; y < a.height(); ++y)
+    for (int x = 0; x < a.width(); ++x) {
+      const QColor p = a.pixelColor(x, y), q = b.pixelColor(x, y);
+      if (std::abs(p.red() - q.red()) > step || std::abs(p.green() - q.green()) > step ||
+          std::abs(p.blue() - q.blue()) > step)
+        at.push_back(std::to_string(x) + "," + std::to_string(y));
+    }
+  return at;
+}
+
+// A label view lays its caption out once and fills its own edge; what shows
+// must be what a plain QLabel with a real one-pixel box shows.
+TEST_F(ViewsTest, LabelsShowWhatAPlainQLabelShows) {
+  const struct {
+    const char* caption;
+    int alignment;
+    int border;
+    float width;
+  } rows[] = {
+      {"CCP1", zv::Label::Center, 1, 2475},
+      {"Prompt:", zv::Label::RightJustify, 0, 600},
+      {"A prompt far wider than its box", zv::Label::RightJustify, 0, 600},
+      {"words that wrap onto a second line", zv::Label::LeftJustify, 0, 900},
+      {"boxed and wrapped over lines", zv::Label::Center, 1, 900},
+      {"line\r\nbreak\ttab", zv::Label::LeftJustify, 1, 2000},
+      {"", zv::Label::Center, 1, 600},
+  };
+  for (const auto& r : rows) {
+    SCOPED_TRACE(r.caption);
+    zv::Label label("lbl");
+    label.setCaption(r.caption);
+    label.setAlignment(r.alignment);
+    label.setBorderStyle(r.border);
+    label.Move(1200, 0, r.width, 500);
+    zvqt::LabelView view(label, &root);
+    QLabel plain(&root);
+    plain.setGeometry(view.geometry());
+    plain.setFont(view.font());
+    plain.setPalette(view.palette());
+    plain.setAutoFillBackground(view.autoFillBackground());
+    plain.setTextFormat(Qt::PlainText);
+    plain.setText(view.text());
+    plain.setAlignment(view.alignment());
+    plain.setWordWrap(view.wordWrap());
+    if (r.border == 1) {
+      plain.setFrameStyle(QFrame::Box | QFrame::Plain);
+      plain.setIndent(0); // the text starts inside the edge, not half an "x" further
+    }
+    for (int paint = 0; paint < 2; ++paint) // the second from the kept layout
+      EXPECT_EQ(differences(grab(view), grab(plain)), std::vector<std::string>{});
+  }
+}
+
+// Texts are drawn as glyphs the first time and stamped from an image after:
+// every repaint shows the same pixels, wherever in a pixel a text starts. (A
+// stamp's premultiplied blend may round a channel one step the other way.)
+TEST_F(ViewsTest, RepaintedCanvasTextsKeepTheirPixels) {
+  zv::Canvas canvas("pic");
+  canvas.Move(0, 0, 2475, 1395);
+  canvas.setBorderWidth(15);
+  canvas.setBackColor(zv::rgb(0, 192, 0));
+  canvas.Cls();
+  const float places[][2] = {{0, 0}, {7, 4}, {8, 11}, {300, 400}, {1003, 997}, {2400, 1300}};
+  int n = 0;
+  for (const auto& place : places) {
+    canvas.setForeColor(n % 2 ? zv::rgb(255, 255, 255) : zv::rgb(255, 255, 0));
+    canvas.setCurrentX(place[0]);
+    canvas.setCurrentY(place[1]);
+    canvas.Print("Dutycycle =  " + std::to_string(n++) + " % jgy");
+  }
+  zvqt::CanvasView view(canvas, &root);
+  const QImage first = grab(view);
+  for (int paint = 0; paint < 3; ++paint)
+    EXPECT_EQ(differences(grab(view), first, 1), std::vector<std::string>{});
 }
 
 } // namespace
