@@ -1,8 +1,8 @@
 // zelvor-bench: the timings a host or a user waits on, each set against its
 // limit. Options: those of Google Benchmark; --memory measures memory only,
 // --no-memory leaves it out (for profiling a single benchmark).
-// Without --benchmark_repetitions each benchmark runs 5 times and the table
-// takes the medians.
+// Without --benchmark_repetitions each benchmark runs 5 times, the repetitions
+// of all benchmarks interleaved at random, and the table takes the medians.
 #include <benchmark/benchmark.h>
 #include <stdlib.h>
 
@@ -52,10 +52,15 @@ int main(int argc, char** argv) {
       args.push_back(argv[i]);
   std::string repetitions = "--benchmark_repetitions=5";
   std::string aggregates = "--benchmark_report_aggregates_only=true";
+  // Repetitions of all benchmarks interleaved, so that a ratio compares
+  // medians taken over the same stretch of the machine's load.
+  std::string interleaving = "--benchmark_enable_random_interleaving=true";
   if (!hasOption(argc, argv, "--benchmark_repetitions")) {
     args.push_back(repetitions.data());
     args.push_back(aggregates.data());
   }
+  if (!hasOption(argc, argv, "--benchmark_enable_random_interleaving"))
+    args.push_back(interleaving.data());
   int count = static_cast<int>(args.size());
   benchmark::Initialize(&count, args.data());
   if (benchmark::ReportUnrecognizedArguments(count, args.data()))
