@@ -175,11 +175,11 @@ public:
   Status StartSimulation() override;
   Status StopSimulation() override;
   Status get_IsSimulating(int32_t& result) override;
-  uint8_t SimEnableChannel(Variant vParams, Variant& pvAffected, int32_t& pCycles);
-  uint8_t SimDisableChannel(Variant vParams, Variant& pvAffected, int32_t& pCycles);
-  uint8_t SimSetDuty(Variant vParams, Variant& pvAffected, int32_t& pCycles);
-  uint8_t SimChangePeriod(Variant vParams, Variant& pvAffected, int32_t& pCycles);
-  uint8_t SimSetDutyHighLow(Variant vParams, Variant& pvAffected, int32_t& pCycles);
+  uint8_t SimEnableChannel(const Variant& vParams, Variant& pvAffected, int32_t& pCycles);
+  uint8_t SimDisableChannel(const Variant& vParams, Variant& pvAffected, int32_t& pCycles);
+  uint8_t SimSetDuty(const Variant& vParams, Variant& pvAffected, int32_t& pCycles);
+  uint8_t SimChangePeriod(const Variant& vParams, Variant& pvAffected, int32_t& pCycles);
+  uint8_t SimSetDutyHighLow(const Variant& vParams, Variant& pvAffected, int32_t& pCycles);
   // ---- sim/plot.cpp ----
   void Plot_Channel(int16_t& Index);
   // ---- sim/panel.cpp ----
@@ -224,6 +224,9 @@ public:
   Inspected inspect() const override;
 
 private:
+  // Plot_Channel's operations before they go onto the canvas, kept for the
+  // capacity: a simulation repaints both channels at every step.
+  std::vector<DrawOp> plotOps_;
   Variant getProperty(const std::string& name) override;
   void putProperty(const std::string& name, const Variant& value) override;
   Variant callMethod(const std::string& name, std::vector<Variant>& args) override;

@@ -94,9 +94,10 @@ std::string dutyText(int16_t percent) {
   return texts[static_cast<size_t>(percent)];
 }
 
-std::vector<DrawOp> plotWaveform(const PlotInput& in) {
-  std::vector<DrawOp> ops(1); // Cls
-  ops.reserve(40);            // a plot has about 30 operations
+void plotWaveform(const PlotInput& in, std::vector<DrawOp>& ops) {
+  ops.clear();
+  ops.reserve(40);    // a plot has about 30 operations
+  ops.emplace_back(); // Cls
   OpList draw(ops);
   const double width = in.scaleWidth;
   const double height = in.scaleHeight;
@@ -146,7 +147,6 @@ std::vector<DrawOp> plotWaveform(const PlotInput& in) {
     draw.color = kPlotYellow;
     draw.line(lastFall, levelLow, width - 50, levelLow);
   }
-  return ops;
 }
 
 void PWM::Plot_Channel(int16_t& Index) {
@@ -158,8 +158,8 @@ void PWM::Plot_Channel(int16_t& Index) {
   in.scaleWidth = canvas.ScaleWidth();
   in.scaleHeight = canvas.ScaleHeight();
   // Worked out before the canvas is touched: a failure leaves the old picture.
-  std::vector<DrawOp> ops = plotWaveform(in);
-  for (DrawOp& op : ops)
+  plotWaveform(in, plotOps_);
+  for (DrawOp& op : plotOps_)
     canvas.draw(std::move(op));
 }
 

@@ -35,6 +35,11 @@ std::string dutyText(int16_t percent);
 // Cls first, then every line, box and text with the colour it is drawn in.
 // A Print's place is in x1, y1. The last operation's colour is the canvas's
 // ForeColor afterwards.
-std::vector<DrawOp> plotWaveform(const PlotInput& in);
+void plotWaveform(const PlotInput& in, std::vector<DrawOp>& ops); // ops cleared first
+inline std::vector<DrawOp> plotWaveform(const PlotInput& in) {
+  std::vector<DrawOp> ops;
+  plotWaveform(in, ops);
+  return ops;
+}
 
 } // namespace zv

@@ -86,21 +86,21 @@ Status PWM::get_IsSimulating(int32_t& result) {
   return guard([&] { result = bSimulating; });
 }
 
-uint8_t PWM::SimEnableChannel(Variant vParams, Variant&, int32_t&) {
+uint8_t PWM::SimEnableChannel(const Variant& vParams, Variant&, int32_t&) {
   const uint8_t channel = byteParam(vParams, 0);
   setForChannel<int16_t>(aChannelOn, channel, iPwmCount, -1);
   doRefresh();
   return 0;
 }
 
-uint8_t PWM::SimDisableChannel(Variant vParams, Variant&, int32_t&) {
+uint8_t PWM::SimDisableChannel(const Variant& vParams, Variant&, int32_t&) {
   const uint8_t channel = byteParam(vParams, 0);
   setForChannel<int16_t>(aChannelOn, channel, iPwmCount, 0);
   doRefresh();
   return 0;
 }
 
-uint8_t PWM::SimSetDuty(Variant vParams, Variant&, int32_t&) {
+uint8_t PWM::SimSetDuty(const Variant& vParams, Variant&, int32_t&) {
   const uint8_t channel = byteParam(vParams, 0);
   const uint8_t duty = byteParam(vParams, 1);
   setForChannel<int16_t>(aDuty, channel, iPwmCount, duty);
@@ -108,7 +108,7 @@ uint8_t PWM::SimSetDuty(Variant vParams, Variant&, int32_t&) {
   return 0;
 }
 
-uint8_t PWM::SimChangePeriod(Variant vParams, Variant&, int32_t&) {
+uint8_t PWM::SimChangePeriod(const Variant& vParams, Variant&, int32_t&) {
   const uint8_t pr2 = byteParam(vParams, 0);
   const uint8_t code = byteParam(vParams, 1);
   iPr2 = pr2;
@@ -119,7 +119,7 @@ uint8_t PWM::SimChangePeriod(Variant vParams, Variant&, int32_t&) {
   return 0;
 }
 
-uint8_t PWM::SimSetDutyHighLow(Variant vParams, Variant&, int32_t&) {
+uint8_t PWM::SimSetDutyHighLow(const Variant& vParams, Variant&, int32_t&) {
   const uint8_t channel = byteParam(vParams, 0);
   // Any integer passes: only its two low bits count.
   const auto high = static_cast<uint8_t>(toI4(vParams.arr().at(1)) & 3);
