@@ -33,10 +33,16 @@ ControlBinding::~ControlBinding() {
 }
 
 void showControlState(QWidget& widget, const zv::Control& control) {
-  widget.setGeometry(twipsRect(control.Left(), control.Top(), control.Width(), control.Height()));
-  widget.setEnabled(control.Enabled());
+  // A canvas notifies at every drawing operation: what stands is not set again,
+  // which Qt would take the long way to find out.
+  const QRect place = twipsRect(control.Left(), control.Top(), control.Width(), control.Height());
+  if (widget.geometry() != place)
+    widget.setGeometry(place);
+  if (widget.testAttribute(Qt::WA_Disabled) == control.Enabled())
+    widget.setEnabled(control.Enabled());
   // A view without a parent would become a window of its own when shown.
-  if (widget.parentWidget())
+  if (widget.parentWidget() && (!widget.testAttribute(Qt::WA_WState_ExplicitShowHide) ||
+                                widget.isHidden() == control.Visible()))
     widget.setVisible(control.Visible());
 }
 

@@ -46,12 +46,19 @@ QPen cosmeticPen(zv::Color color, int drawStyle) {
 // Other lines of one pen go to the painter together.
 class LineBatch {
 public:
-  explicit LineBatch(QPainter& painter) : painter_(painter) {
+  // With a target, the image the painter paints on, filled lines are written
+  // into its pixels, clipped to `clip` (in the image's pixels).
+  explicit LineBatch(QPainter& painter, QImage* target = nullptr, QRect clip = {})
+      : painter_(painter), clip_(clip) {
     const QTransform& t = painter.deviceTransform();
     fill_ = t.type() <= QTransform::TxTranslate;
     dx_ = t.dx();
     dy_ = t.dy();
     whole_ = dx_ == std::floor(dx_) && dy_ == std::floor(dy_);
+    if (target && whole_ &&
+        (target->format() == QImage::Format_RGB32 ||
+         target->format() == QImage::Format_ARGB32_Premultiplied))
+      target_ = target;
   }
   ~LineBatch() { flush(); }
 
@@ -83,6 +90,12 @@ private:
     if (x1 == x2 && y1 == y2)
       return false;
     flush();
+    if (target_) {
+      write(QRect(QPoint(static_cast<int>(x1), static_cast<int>(y1)),
+                  QPoint(static_cast<int>(x2), static_cast<int>(y2))),
+            color);
+      return true;
+    }
     const QRectF pixels(x1 - dx_, y1 - dy_, x2 - x1 + 1, y2 - y1 + 1);
     // Whole-pixel rectangles take the painter's integer path, which is cheaper.
     if (whole_)
@@ -92,7 +105,27 @@ private:
     return true;
   }
 
+  // A painter fills a rectangle row by row, a call for each: a one-pixel
+  // column of a plot costs a call per pixel there, a store per pixel here.
+  void write(QRect pixels, zv::Color color) {
+    pixels &= clip_;
+    if (pixels.isEmpty())
+      return;
+    const uint32_t argb = 0xff000000u | color;
+    const qsizetype stride = target_->bytesPerLine();
+    uchar* row = target_->bits() + pixels.top() * stride;
+    if (pixels.width() == 1) {
+      for (int y = pixels.top(); y <= pixels.bottom(); ++y, row += stride)
+        reinterpret_cast<uint32_t*>(row)[pixels.left()] = argb;
+      return;
+    }
+    for (int y = pixels.top(); y <= pixels.bottom(); ++y, row += stride)
+      std::fill_n(reinterpret_cast<uint32_t*>(row) + pixels.left(), pixels.width(), argb);
+  }
+
   QPainter& painter_;
+  QImage* target_ = nullptr;
+  QRect clip_;
   bool fill_ = false;
   bool whole_ = false;
   double dx_ = 0, dy_ = 0;
@@ -125,7 +158,12 @@ struct Stamp {
   QFont font;
   QImage image;
   QPoint offset; // of the image's top left from the text's whole pixel
+  int seen = 0;  // drawings before the image is made
 };
+
+// A stamp costs about two drawings of its text to make: texts that stay a few
+// repaints get one, a swept duty's texts, there for two or three, do not.
+constexpr int kStampAfter = 4;
 
 Stamp makeStamp(QPainter& painter, const std::string& text, const QColor& color, QPointF fraction) {
   const QStaticText& shaped = shapedText(painter, text);
@@ -150,8 +188,8 @@ Stamp makeStamp(QPainter& painter, const std::string& text, const QColor& color,
   return stamp;
 }
 
-// Null the first time a text is asked for at its place: a text that changes
-// at every step, as a swept duty's does, is drawn directly, never stamped.
+// Null until a text has been asked for at its place kStampAfter times: until
+// then it is drawn directly.
 const Stamp* stampOf(QPainter& painter, const std::string& text, const QColor& color,
                      QPointF fraction) {
   static std::unordered_map<std::string, std::vector<Stamp>> stamps;
@@ -160,13 +198,15 @@ const Stamp* stampOf(QPainter& painter, const std::string& text, const QColor& c
   std::vector<Stamp>& made = stamps[text];
   for (Stamp& stamp : made)
     if (stamp.color == color.rgb() && stamp.fraction == fraction && stamp.font == painter.font()) {
+      if (stamp.image.isNull() && ++stamp.seen < kStampAfter)
+        return nullptr;
       if (stamp.image.isNull())
         stamp = makeStamp(painter, text, color, fraction);
       return &stamp;
     }
   if (made.size() > 8)
     made.clear();
-  made.push_back({color.rgb(), fraction, painter.font(), QImage(), QPoint()});
+  made.push_back({color.rgb(), fraction, painter.font(), QImage(), QPoint(), 1});
   return nullptr;
 }
 
@@ -190,12 +230,12 @@ void drawText(QPainter& painter, QPointF at, const std::string& text, const QCol
 }
 
 // A bordered canvas shows a single grey edge, as the panel's pictures do.
-void paintBorder(QPainter& painter, const QRectF& outer, double border) {
+void paintBorder(QPainter& painter, const QRectF& outer, double border, QImage* target) {
   if (border <= 0)
     return;
   const QRectF r = outer.adjusted(0, 0, -1, -1);
   const zv::Color grey = zv::rgb(128, 128, 128);
-  LineBatch lines(painter);
+  LineBatch lines(painter, target, target ? target->rect() : QRect());
   lines.add(r.topLeft(), r.topRight(), grey, 0);
   lines.add(r.topRight(), r.bottomRight(), grey, 0);
   lines.add(r.bottomRight(), r.bottomLeft(), grey, 0);
@@ -208,17 +248,23 @@ QColor toQColor(zv::Color color) {
   return QColor((color >> 16) & 255, (color >> 8) & 255, color & 255);
 }
 
-void paintCanvas(QPainter& painter, const zv::Canvas& canvas, double scale) {
+void paintCanvas(QPainter& painter, const zv::Canvas& canvas, double scale, QImage* target) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing, false);
   QRectF outer(0, 0, canvas.Width() * scale, canvas.Height() * scale);
   double border = canvas.BorderWidth() * scale;
   painter.fillRect(outer, toQColor(canvas.BackColor()));
-  paintBorder(painter, outer, border);
+  // Pixels are written straight only where the painter would clip on whole pixels.
+  const QRectF innerOnDevice =
+      painter.deviceTransform().mapRect(outer.adjusted(border, border, -border, -border));
+  if (innerOnDevice != QRectF(innerOnDevice.toRect()) ||
+      painter.deviceTransform().type() > QTransform::TxTranslate)
+    target = nullptr;
+  paintBorder(painter, outer, border, target);
   QRectF inner = outer.adjusted(border, border, -border, -border);
   painter.setClipRect(inner);
   painter.translate(inner.topLeft());
-  LineBatch lines(painter);
+  LineBatch lines(painter, target, target ? innerOnDevice.toRect() & target->rect() : QRect());
   auto addLine = [&](const zv::DrawOp& op, QPointF p, QPointF q) {
     lines.add(p, q, op.color, op.style);
   };
@@ -254,12 +300,33 @@ CanvasView::CanvasView(zv::Canvas& canvas, QWidget* parent)
 
 void CanvasView::sync() {
   showControlState(*this, canvas_);
+  stale_ = true;
   update();
+}
+
+void CanvasView::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::FontChange)
+    stale_ = true;
+  QWidget::changeEvent(event);
 }
 
 void CanvasView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  paintCanvas(painter, canvas_, kPixelsPerTwip);
+  if (devicePixelRatioF() != 1.0) {
+    paintCanvas(painter, canvas_, kPixelsPerTwip);
+    return;
+  }
+  // The canvas is kept as a picture, painted again only after the canvas
+  // changed, with its lines written straight into the picture's pixels.
+  if (stale_ || picture_.size() != size()) {
+    if (picture_.size() != size())
+      picture_ = QImage(size(), QImage::Format_RGB32);
+    QPainter onto(&picture_);
+    onto.setFont(font());
+    paintCanvas(onto, canvas_, kPixelsPerTwip, &picture_);
+    stale_ = false;
+  }
+  painter.drawImage(0, 0, picture_);
 }
 
 } // namespace zvqt

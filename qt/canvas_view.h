@@ -2,6 +2,7 @@
 // on it since its last Cls, repainted from the recorded operations.
 #pragma once
 
+#include <QImage>
 #include <QPainter>
 #include <QWidget>
 
@@ -13,8 +14,10 @@ namespace zvqt {
 QColor toQColor(zv::Color color);
 
 // Paints the canvas with its outer top left at the painter's origin,
-// pixelsPerTwip device-independent pixels to the twip.
-void paintCanvas(QPainter& painter, const zv::Canvas& canvas, double pixelsPerTwip);
+// pixelsPerTwip device-independent pixels to the twip. Given the image the
+// painter paints on, lines along rows and columns go straight into its pixels.
+void paintCanvas(QPainter& painter, const zv::Canvas& canvas, double pixelsPerTwip,
+                 QImage* target = nullptr);
 
 class CanvasView : public QWidget {
 public:
@@ -22,11 +25,14 @@ public:
 
 protected:
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
 private:
   void sync();
   zv::Canvas& canvas_;
   ControlBinding binding_;
+  QImage picture_;    // the canvas as last painted
+  bool stale_ = true; // the canvas changed since
 };
 
 } // namespace zvqt
