@@ -13,6 +13,7 @@ namespace zvbench {
 struct Measured {
   double ns = 0;             // median CPU time of one iteration
   double bytesPerSecond = 0; // median throughput, where a benchmark counts bytes
+  double ratio = 0;          // median ratio, where a benchmark times two paths in turn
 };
 using Results = std::map<std::string, Measured>;
 

@@ -14,7 +14,8 @@
 #include "errors.h"
 
 #if defined(__SSE2__)
-#include <emmintrin.h>
+#include <immintrin.h>
+#define ZV_FIND_AVX2 1
 #endif
 
 namespace zv {
@@ -158,15 +159,48 @@ void appendLines(std::string& out, const char* from, const char* to) {
   out.resize(static_cast<size_t>(dest - out.data()));
 }
 
-// The first place of `text` in [from, to). Sixteen places at a time are
-// tested on the text's first and last bytes together, which C text seldom
-// matches both; memmem's byte pairs and a memchr per candidate both crawl.
+#if defined(ZV_FIND_AVX2)
+// findText's test below, thirty-two places at a time; `at` is left where the
+// places that remain are fewer.
+__attribute__((target("avx2"))) const char* findText32(const char*& at, const char* last,
+                                                       std::string_view text) {
+  const size_t n = text.size();
+  const __m256i first = _mm256_set1_epi8(text.front());
+  const __m256i end = _mm256_set1_epi8(text.back());
+  for (; last - at >= 31; at += 32) {
+    const __m256i heads = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(at));
+    const __m256i tails = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(at + n - 1));
+    auto candidates = static_cast<unsigned>(_mm256_movemask_epi8(
+        _mm256_and_si256(_mm256_cmpeq_epi8(heads, first), _mm256_cmpeq_epi8(tails, end))));
+    for (; candidates; candidates &= candidates - 1) {
+      const char* start = at + std::countr_zero(candidates);
+      if (std::memcmp(start + 1, text.data() + 1, n - 2) == 0)
+        return start;
+    }
+  }
+  return nullptr;
+}
+
+bool hasAvx2() {
+  static const bool has = __builtin_cpu_supports("avx2");
+  return has;
+}
+#endif
+
+// The first place of `text` in [from, to). Sixteen places at a time (32 with
+// AVX2) are tested on the text's first and last bytes together, which C text
+// seldom matches both; memmem's byte pairs and a memchr per candidate crawl.
 const char* findText(const char* from, const char* to, std::string_view text) {
   const size_t n = text.size();
   if (n == 0 || static_cast<size_t>(to - from) < n)
     return nullptr;
   const char* last = to - n; // the last place the text fits
   const char* at = from;
+#if defined(ZV_FIND_AVX2)
+  if (n >= 2 && hasAvx2())
+    if (const char* hit = findText32(at, last, text))
+      return hit;
+#endif
 #if defined(__SSE2__)
   if (n >= 2) {
     const __m128i first = _mm_set1_epi8(text.front());
