@@ -318,9 +318,17 @@ void CanvasView::paintEvent(QPaintEvent*) {
   }
   // The canvas is kept as a picture, painted again only after the canvas
   // changed, with its lines written straight into the picture's pixels.
-  if (stale_ || picture_.size() != size()) {
-    if (picture_.size() != size())
-      picture_ = QImage(size(), QImage::Format_RGB32);
+  // Where the canvas's own rectangle, rounded, leaves an edge of the widget
+  // uncovered, the picture is clear there, and blended rather than copied.
+  const bool covered = qRound(canvas_.Width() * kPixelsPerTwip) >= width() &&
+                       qRound(canvas_.Height() * kPixelsPerTwip) >= height();
+  const QImage::Format format =
+      covered ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied;
+  if (stale_ || picture_.size() != size() || picture_.format() != format) {
+    if (picture_.size() != size() || picture_.format() != format) {
+      picture_ = QImage(size(), format);
+      picture_.fill(Qt::transparent);
+    }
     QPainter onto(&picture_);
     onto.setFont(font());
     paintCanvas(onto, canvas_, kPixelsPerTwip, &picture_);

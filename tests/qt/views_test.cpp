@@ -258,33 +258,39 @@ TEST_F(ViewsTest, LabelsShowWhatAPlainQLabelShows) {
 // pixel a text starts. (A stamp's premultiplied blend may round a channel one
 // step the other way.)
 TEST_F(ViewsTest, CanvasViewShowsWhatThePainterAloneDraws) {
-  zv::Canvas canvas("pic");
-  canvas.Move(0, 0, 2475, 1395);
-  canvas.setBorderWidth(15);
-  canvas.setBackColor(zv::rgb(0, 192, 0));
-  canvas.Cls();
-  const float places[][2] = {{0, 0}, {7, 4}, {8, 11}, {300, 400}, {1003, 997}, {2400, 1300}};
-  int n = 0;
-  for (const auto& place : places) {
-    canvas.setForeColor(n % 2 ? zv::rgb(255, 255, 255) : zv::rgb(255, 255, 0));
-    canvas.setCurrentX(place[0]);
-    canvas.setCurrentY(place[1]);
-    canvas.Print("Dutycycle =  " + std::to_string(n++) + " % jgy");
+  // The second place leaves the widget a pixel wider than the canvas's own
+  // rectangle: that edge shows what lies behind.
+  for (const float left : {0.0f, 7.0f}) {
+    SCOPED_TRACE(left);
+    zv::Canvas canvas("pic");
+    canvas.Move(left, 0, left == 0 ? 2475 : 2462, 1395);
+    canvas.setBorderWidth(15);
+    canvas.setBackColor(zv::rgb(0, 192, 0));
+    canvas.Cls();
+    const float places[][2] = {{0, 0}, {7, 4}, {8, 11}, {300, 400}, {1003, 997}, {2400, 1300}};
+    int n = 0;
+    for (const auto& place : places) {
+      canvas.setForeColor(n % 2 ? zv::rgb(255, 255, 255) : zv::rgb(255, 255, 0));
+      canvas.setCurrentX(place[0]);
+      canvas.setCurrentY(place[1]);
+      canvas.Print("Dutycycle =  " + std::to_string(n++) + " % jgy");
+    }
+    canvas.setForeColor(zv::rgb(255, 255, 255));
+    canvas.Box(45, 45, 2430, 1350);
+    canvas.Line(2000, 1390, 2000, -10); // a column through the border
+    canvas.Line(-10, 700, 2500, 700);   // a row through it
+    canvas.Line(100, 100, 400, 300);    // stroked
+    zvqt::CanvasView view(canvas, &root);
+    QImage painted(view.size(), QImage::Format_ARGB32_Premultiplied);
+    painted.fill(Qt::white);
+    {
+      QPainter painter(&painted);
+      painter.setFont(view.font());
+      zvqt::paintCanvas(painter, canvas, zvqt::kPixelsPerTwip);
+    }
+    for (int paint = 0; paint < 8; ++paint) // well past the making of the stamps
+      EXPECT_EQ(differences(grab(view), painted, 1), std::vector<std::string>{});
   }
-  canvas.setForeColor(zv::rgb(255, 255, 255));
-  canvas.Box(45, 45, 2430, 1350);
-  canvas.Line(2000, 1390, 2000, -10); // a column through the border
-  canvas.Line(-10, 700, 2500, 700);   // a row through it
-  canvas.Line(100, 100, 400, 300);    // stroked
-  zvqt::CanvasView view(canvas, &root);
-  QImage painted(view.size(), QImage::Format_ARGB32_Premultiplied);
-  {
-    QPainter painter(&painted);
-    painter.setFont(view.font());
-    zvqt::paintCanvas(painter, canvas, zvqt::kPixelsPerTwip);
-  }
-  for (int paint = 0; paint < 8; ++paint) // well past the making of the stamps
-    EXPECT_EQ(differences(grab(view), painted, 1), std::vector<std::string>{});
 }
 
 } // namespace
