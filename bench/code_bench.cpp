@@ -81,34 +81,29 @@ void againstOpenReadClose(benchmark::State& state, const std::function<void()>& 
   state.counters["ratio"] = baseline > 0 ? read / baseline : 0;
 }
 
-void GetIniKeyValue(benchmark::State& state) {
-  ComponentPtr component = createReady();
-  zv::Dispatch& pwm = component->publicInterface();
-  // A key of the last key section: the lookup passes every section before it.
-  std::vector<zv::Variant> args{zv::Variant::str("MacroParamTypes_SetDutyHighLow"),
-                                zv::Variant::str(" 3"), zv::Variant::str("char")};
-  for (auto _ : state) {
-    zv::Variant value = pwm.callMethod("GetIniKeyValue", args);
-    benchmark::DoNotOptimize(value.rawStr().data());
-  }
+// One call of a reader of the real code file, as the host or a user makes it.
+std::function<void()> readerCall(const std::string& reader, zv::ComponentObject& component) {
+  if (reader == "GetIniKeyValue")
+    // A key of the last key section: the lookup passes every section before it.
+    return [&component, args = std::vector<zv::Variant>{
+                            zv::Variant::str("MacroParamTypes_SetDutyHighLow"),
+                            zv::Variant::str(" 3"), zv::Variant::str("char")}]() mutable {
+      zv::Variant value = component.publicInterface().callMethod("GetIniKeyValue", args);
+      benchmark::DoNotOptimize(value.rawStr().data());
+    };
+  const bool defines = reader == "DefinesCode";
+  return [&component, defines, code = std::string()]() mutable {
+    check(defines ? component.get_DefinesCode(code) : component.get_MacroCode(2, code),
+          defines ? "get_DefinesCode" : "get_MacroCode");
+    benchmark::DoNotOptimize(code.data());
+  };
 }
 
-void MacroCode(benchmark::State& state) {
+void Reader(benchmark::State& state, const std::string& reader) {
   ComponentPtr component = createReady();
-  std::string code;
-  for (auto _ : state) {
-    check(component->get_MacroCode(2, code), "get_MacroCode");
-    benchmark::DoNotOptimize(code.data());
-  }
-}
-
-void DefinesCode(benchmark::State& state) {
-  ComponentPtr component = createReady();
-  std::string code;
-  for (auto _ : state) {
-    check(component->get_DefinesCode(code), "get_DefinesCode");
-    benchmark::DoNotOptimize(code.data());
-  }
+  const std::function<void()> read = readerCall(reader, *component);
+  for (auto _ : state)
+    read();
 }
 
 // A code file of at least `size` bytes: the usual keys, then many blocks of C
@@ -168,29 +163,13 @@ void GetCodeFromFile(benchmark::State& state, size_t size) {
 
 void registerCodeFile() {
   add("OpenReadClose", OpenReadClose);
-  add("GetIniKeyValue", GetIniKeyValue);
-  add("MacroCode", MacroCode);
-  add("DefinesCode", DefinesCode);
-  // The readers as their own benchmarks call them, against the baseline.
-  add("GetIniKeyValue/OpenReadClose", [](benchmark::State& s) {
-    ComponentPtr component = createReady();
-    std::vector<zv::Variant> args{zv::Variant::str("MacroParamTypes_SetDutyHighLow"),
-                                  zv::Variant::str(" 3"), zv::Variant::str("char")};
-    againstOpenReadClose(s, [&] {
-      zv::Variant value = component->publicInterface().callMethod("GetIniKeyValue", args);
-      benchmark::DoNotOptimize(value.rawStr().data());
-    });
-  });
-  for (const char* name : {"MacroCode", "DefinesCode"})
-    add(std::string(name) + "/OpenReadClose", [name](benchmark::State& s) {
+  for (const char* reader : {"GetIniKeyValue", "MacroCode", "DefinesCode"}) {
+    add(reader, [reader](benchmark::State& s) { Reader(s, reader); });
+    add(std::string(reader) + "/OpenReadClose", [reader](benchmark::State& s) {
       ComponentPtr component = createReady();
-      std::string code;
-      const bool defines = std::string(name) == "DefinesCode";
-      againstOpenReadClose(s, [&] {
-        check(defines ? component->get_DefinesCode(code) : component->get_MacroCode(2, code), name);
-        benchmark::DoNotOptimize(code.data());
-      });
+      againstOpenReadClose(s, readerCall(reader, *component));
     });
+  }
   const std::pair<const char*, size_t> sizes[] = {{"GetCodeFromFile/64KiB", size_t{64} << 10},
                                                   {"GetCodeFromFile/1MiB", size_t{1} << 20},
                                                   {"GetCodeFromFile/16MiB", size_t{16} << 20}};
