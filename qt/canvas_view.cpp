@@ -134,10 +134,11 @@ private:
   int style_ = -1;
 };
 
-// Shaping a text costs more than drawing it: keep the few texts a panel shows.
+// Shaping a text costs more than drawing it: keep the texts a panel shows,
+// a swept duty's 101 among them.
 const QStaticText& shapedText(QPainter& painter, const std::string& text) {
   static std::unordered_map<std::string, QStaticText> shaped;
-  if (shaped.size() > 64)
+  if (shaped.size() > 256)
     shaped.clear();
   auto it = shaped.find(text);
   if (it == shaped.end()) {

@@ -90,27 +90,59 @@ void LabelView::prepareText(const QRect& area) {
 }
 
 void LabelView::paintEvent(QPaintEvent* event) {
-  QPainter painter(this);
-  const QColor ink =
-      palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, foregroundRole());
-  if (frameShape() == QFrame::Box) {
-    // The widget's edge: frameRect() would be the contents widened by a frame
-    // width of 0, a pixel inside it.
-    const QRect r = rect();
-    painter.fillRect(QRect(r.left(), r.top(), r.width(), 1), ink);
-    painter.fillRect(QRect(r.left(), r.bottom(), r.width(), 1), ink);
-    painter.fillRect(QRect(r.left(), r.top(), 1, r.height()), ink);
-    painter.fillRect(QRect(r.right(), r.top(), 1, r.height()), ink);
-  }
-  const QRect area = contentsRect();
-  if (text().isEmpty() || area.isEmpty())
-    return;
   // Lines of their own are spaced by QLabel's rules, not the kept layout's.
   if (text().contains(u'\n')) {
-    painter.end();
+    paintEdge();
     QLabel::paintEvent(event);
     return;
   }
+  const QColor ink =
+      palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, foregroundRole());
+  // The edge and caption are kept as a picture while what they show stays:
+  // a panel repaints its labels at every step, their captions unchanged.
+  if (picture_.size() != size() || pictureText_ != text() || pictureInk_ != ink ||
+      pictureFont_ != font() || pictureAlignment_ != alignment() || pictureWrap_ != wordWrap() ||
+      pictureBoxed_ != (frameShape() == QFrame::Box)) {
+    picture_ = QImage(size(), QImage::Format_ARGB32_Premultiplied);
+    picture_.fill(Qt::transparent);
+    pictureText_ = text();
+    pictureInk_ = ink;
+    pictureFont_ = font();
+    pictureAlignment_ = alignment();
+    pictureWrap_ = wordWrap();
+    pictureBoxed_ = frameShape() == QFrame::Box;
+    QPainter onto(&picture_);
+    paintCaption(onto, ink);
+  }
+  QPainter painter(this);
+  painter.drawImage(0, 0, picture_);
+}
+
+void LabelView::paintEdge() {
+  if (frameShape() != QFrame::Box)
+    return;
+  QPainter painter(this);
+  const QColor ink =
+      palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, foregroundRole());
+  fillEdge(painter, ink);
+}
+
+void LabelView::fillEdge(QPainter& painter, const QColor& ink) {
+  // The widget's edge: frameRect() would be the contents widened by a frame
+  // width of 0, a pixel inside it.
+  const QRect r = rect();
+  painter.fillRect(QRect(r.left(), r.top(), r.width(), 1), ink);
+  painter.fillRect(QRect(r.left(), r.bottom(), r.width(), 1), ink);
+  painter.fillRect(QRect(r.left(), r.top(), 1, r.height()), ink);
+  painter.fillRect(QRect(r.right(), r.top(), 1, r.height()), ink);
+}
+
+void LabelView::paintCaption(QPainter& painter, const QColor& ink) {
+  if (frameShape() == QFrame::Box)
+    fillEdge(painter, ink);
+  const QRect area = contentsRect();
+  if (text().isEmpty() || area.isEmpty())
+    return;
   prepareText(area);
   QPointF at = area.topLeft();
   // Unwrapped text is placed by hand: the layout aligns only within a width.
@@ -121,6 +153,7 @@ void LabelView::paintEvent(QPaintEvent* event) {
     else if (shapedAlignment_ & Qt::AlignHCenter)
       at.rx() += spare / 2;
   }
+  painter.setFont(font());
   painter.setPen(ink);
   painter.drawStaticText(at, shaped_);
 }
