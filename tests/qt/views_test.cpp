@@ -298,6 +298,14 @@ TEST_F(ViewsTest, CanvasViewShowsWhatThePainterAloneDraws) {
     }
     for (int paint = 0; paint < 8; ++paint) // well past the making of the stamps
       EXPECT_EQ(differences(grab(view), painted, 1), std::vector<std::string>{});
+    // A drawing on the canvas makes the kept picture stale.
+    canvas.Line(600, 0, 600, 1395);
+    {
+      QPainter painter(&painted);
+      painter.setFont(view.font());
+      zvqt::paintCanvas(painter, canvas, zvqt::kPixelsPerTwip);
+    }
+    EXPECT_EQ(differences(grab(view), painted, 1), std::vector<std::string>{});
   }
 }
 
