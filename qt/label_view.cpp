@@ -2,6 +2,7 @@
 
 #include <QPaintEvent>
 #include <QPainter>
+#include <QStaticText>
 #include <algorithm>
 
 namespace zvqt {
@@ -69,35 +70,21 @@ void LabelView::sync() {
   }
 }
 
-void LabelView::prepareText(const QRect& area) {
-  const Qt::Alignment horizontal = alignment() & Qt::AlignHorizontal_Mask;
-  if (shapedValid_ && shapedText_ == text() && shapedArea_ == area.size() &&
-      shapedFont_ == font() && shapedAlignment_ == horizontal && shapedWrap_ == wordWrap())
-    return;
-  shapedText_ = text();
-  shapedArea_ = area.size();
-  shapedFont_ = font();
-  shapedAlignment_ = horizontal;
-  shapedWrap_ = wordWrap();
-  shaped_ = QStaticText(displayed(shapedText_));
-  shaped_.setTextFormat(Qt::PlainText);
-  QTextOption option(horizontal);
-  option.setWrapMode(shapedWrap_ ? QTextOption::WordWrap : QTextOption::NoWrap);
-  shaped_.setTextOption(option);
-  shaped_.setTextWidth(shapedWrap_ ? area.width() : -1);
-  shaped_.prepare(QTransform(), font());
-  shapedValid_ = true;
+QColor LabelView::ink() const {
+  return palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, foregroundRole());
 }
 
 void LabelView::paintEvent(QPaintEvent* event) {
+  const QColor ink = this->ink();
   // Lines of their own are spaced by QLabel's rules, not the kept layout's.
   if (text().contains(u'\n')) {
-    paintEdge();
+    if (frameShape() == QFrame::Box) {
+      QPainter painter(this);
+      fillEdge(painter, ink);
+    }
     QLabel::paintEvent(event);
     return;
   }
-  const QColor ink =
-      palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, foregroundRole());
   // The edge and caption are kept as a picture while what they show stays:
   // a panel repaints its labels at every step, their captions unchanged.
   if (picture_.size() != size() || pictureText_ != text() || pictureInk_ != ink ||
@@ -118,15 +105,6 @@ void LabelView::paintEvent(QPaintEvent* event) {
   painter.drawImage(0, 0, picture_);
 }
 
-void LabelView::paintEdge() {
-  if (frameShape() != QFrame::Box)
-    return;
-  QPainter painter(this);
-  const QColor ink =
-      palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, foregroundRole());
-  fillEdge(painter, ink);
-}
-
 void LabelView::fillEdge(QPainter& painter, const QColor& ink) {
   // The widget's edge: frameRect() would be the contents widened by a frame
   // width of 0, a pixel inside it.
@@ -143,19 +121,26 @@ void LabelView::paintCaption(QPainter& painter, const QColor& ink) {
   const QRect area = contentsRect();
   if (text().isEmpty() || area.isEmpty())
     return;
-  prepareText(area);
+  const Qt::Alignment horizontal = alignment() & Qt::AlignHorizontal_Mask;
+  QStaticText shaped(displayed(text()));
+  shaped.setTextFormat(Qt::PlainText);
+  QTextOption option(horizontal);
+  option.setWrapMode(wordWrap() ? QTextOption::WordWrap : QTextOption::NoWrap);
+  shaped.setTextOption(option);
+  shaped.setTextWidth(wordWrap() ? area.width() : -1);
+  shaped.prepare(QTransform(), font());
   QPointF at = area.topLeft();
   // Unwrapped text is placed by hand: the layout aligns only within a width.
-  if (!shapedWrap_) {
-    const qreal spare = area.width() - shaped_.size().width();
-    if (shapedAlignment_ & Qt::AlignRight)
+  if (!wordWrap()) {
+    const qreal spare = area.width() - shaped.size().width();
+    if (horizontal & Qt::AlignRight)
       at.rx() += spare;
-    else if (shapedAlignment_ & Qt::AlignHCenter)
+    else if (horizontal & Qt::AlignHCenter)
       at.rx() += spare / 2;
   }
   painter.setFont(font());
   painter.setPen(ink);
-  painter.drawStaticText(at, shaped_);
+  painter.drawStaticText(at, shaped);
 }
 
 } // namespace zvqt
