@@ -215,14 +215,11 @@ void drawText(QPainter& painter, QPointF at, const std::string& text, const QCol
   const QTransform& t = painter.deviceTransform();
   // Stamps land on whole pixels of a raster device; anything else, a picture
   // as SVG among them, is drawn as text.
-  if (painter.paintEngine()->type() != QPaintEngine::Raster || t.type() > QTransform::TxTranslate ||
-      t.dx() != std::floor(t.dx()) || t.dy() != std::floor(t.dy())) {
-    painter.setPen(color);
-    painter.drawStaticText(at, shapedText(painter, text));
-    return;
-  }
+  const bool stampable = painter.paintEngine()->type() == QPaintEngine::Raster &&
+                         t.type() <= QTransform::TxTranslate && t.dx() == std::floor(t.dx()) &&
+                         t.dy() == std::floor(t.dy());
   const QPointF whole(std::floor(at.x()), std::floor(at.y()));
-  if (const Stamp* stamp = stampOf(painter, text, color, at - whole)) {
+  if (const Stamp* stamp = stampable ? stampOf(painter, text, color, at - whole) : nullptr) {
     painter.drawImage(whole + QPointF(stamp->offset), stamp->image);
     return;
   }
