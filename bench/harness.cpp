@@ -7,7 +7,7 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "component/core/plugin.h"
+#include "zelvor/plugin.h"
 
 namespace zvbench {
 

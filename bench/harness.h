@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "component/core/objects.h"
+#include "zelvor/objects.h"
 #include "platform/msgbox.h"
 
 namespace zvbench {

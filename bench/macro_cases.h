@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "component/core/objects.h"
+#include "zelvor/objects.h"
 #include "platform/variant.h"
 
 namespace zvbench {

@@ -20,13 +20,9 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/ DESTINATION ${CMAKE_INSTALL_DA
 # Headers an IDE needs to embed the component: the host interface and the platform.
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zelvor/platform
   COMPONENT runtime FILES_MATCHING PATTERN "*.h")
-install(FILES
-  ${PROJECT_SOURCE_DIR}/component/core/izelvor.h
-  ${PROJECT_SOURCE_DIR}/component/core/objects.h
-  ${PROJECT_SOURCE_DIR}/component/core/plugin.h
-  ${PROJECT_SOURCE_DIR}/component/core/status.h
-  ${PROJECT_SOURCE_DIR}/component/core/guard.h
-  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zelvor/component/core COMPONENT runtime)
+install(TARGETS zelvor-contract EXPORT ZelvorAvrPwmTargets)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/zelvor/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zelvor
+  COMPONENT runtime FILES_MATCHING PATTERN "*.h")
 
 include(CMakePackageConfigHelpers)
 set(ZV_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/ZelvorAvrPwm)

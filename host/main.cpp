@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "gui/gui.h"
-#include "loader.h"
-#include "runner.h"
+#include "host/plugin/loader.h"
+#include "host/script/runner.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <QPushButton>
 #include <functional>
 
-#include "component/core/objects.h"
+#include "zelvor/objects.h"
 #include "page_widget.h"
 
 namespace zvqt {

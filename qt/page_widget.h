@@ -7,7 +7,7 @@
 #include <QWidget>
 #include <string>
 
-#include "component/core/objects.h"
+#include "zelvor/objects.h"
 #include "view_factory.h"
 
 namespace zvqt {

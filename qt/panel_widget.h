@@ -5,7 +5,7 @@
 #include <QWidget>
 
 #include "binding.h"
-#include "component/core/objects.h"
+#include "zelvor/objects.h"
 #include "view_factory.h"
 
 namespace zvqt {

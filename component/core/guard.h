@@ -7,7 +7,7 @@
 #include <new>
 
 #include "../../platform/errors.h"
-#include "status.h"
+#include "zelvor/status.h"
 
 namespace zv {
 

@@ -1,4 +1,4 @@
-#include "plugin.h"
+#include "zelvor/plugin.h"
 
 #include "../page/properties_page.h"
 #include "guard.h"

@@ -17,7 +17,7 @@
 #include "../../platform/vbarray.h"
 #include "../codefile/zvmacro.h"
 #include "../pins/zvpin.h"
-#include "objects.h"
+#include "zelvor/objects.h"
 
 namespace zv {
 

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "../core/objects.h"
+#include "zelvor/objects.h"
 
 namespace zv {
 

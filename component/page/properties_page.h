@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "../core/objects.h"
+#include "zelvor/objects.h"
 
 namespace zv {
 

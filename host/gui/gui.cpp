@@ -4,7 +4,7 @@
 #include <QMessageBox>
 
 #include "devices.h"
-#include "host/loader.h"
+#include "host/plugin/loader.h"
 #include "main_window.h"
 
 namespace zvhost {

@@ -10,8 +10,8 @@
 #include <fstream>
 
 #include "devices.h"
-#include "host/json_out.h"
-#include "host/render.h"
+#include "host/script/json_out.h"
+#include "host/pictures/render.h"
 #include "platform/vbnum.h"
 #include "qt/page_dialog.h"
 

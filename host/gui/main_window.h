@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "host/loader.h"
-#include "host/program.h"
-#include "host/runner.h"
+#include "host/plugin/loader.h"
+#include "host/program/program.h"
+#include "host/script/runner.h"
 #include "project_file.h"
 #include "qt/message_boxes.h"
 #include "qt/panel_widget.h"

@@ -3,7 +3,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "host/json_out.h"
+#include "host/script/json_out.h"
 
 namespace zvhost {
 

@@ -13,7 +13,7 @@
 #include <gtest/gtest.h>
 
 #include "component/core/pwm.h"
-#include "host/program.h"
+#include "host/program/program.h"
 #include "platform/msgbox.h"
 
 namespace zvavr {

@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "host/gui/main_window.h"
-#include "host/render.h"
+#include "host/pictures/render.h"
 #include "platform/vbnum.h"
 #include "plugin_fixture.h"
 #include "qt/panel_widget.h"

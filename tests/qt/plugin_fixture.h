@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "host/loader.h"
+#include "host/plugin/loader.h"
 
 namespace zvqt_test {
 

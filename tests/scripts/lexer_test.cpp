@@ -1,8 +1,8 @@
 // Script literals as the runner reads them, checked through their JSON form.
 #include <gtest/gtest.h>
 
-#include "host/json_out.h"
-#include "host/lexer.h"
+#include "host/script/json_out.h"
+#include "host/script/lexer.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "fixture.h"
-#include "host/render.h"
+#include "host/pictures/render.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include <cstdio>
 
-#include "component/core/plugin.h"
+#include "zelvor/plugin.h"
 #include "platform/msgbox.h"
 
 int main() {

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "component/core/izelvor.h"
+#include "zelvor/izelvor.h"
 
 namespace zvhost {
 

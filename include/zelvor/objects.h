@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "../../platform/controls/canvas.h"
-#include "../../platform/controls/pagesite.h"
-#include "../../platform/controls/widgets.h"
-#include "../../platform/dispatch.h"
-#include "../../platform/field_tree.h"
-#include "../../platform/propbag.h"
+#include "platform/controls/canvas.h"
+#include "platform/controls/pagesite.h"
+#include "platform/controls/widgets.h"
+#include "platform/dispatch.h"
+#include "platform/field_tree.h"
+#include "platform/propbag.h"
 #include "izelvor.h"
 
 namespace zv {

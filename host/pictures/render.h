@@ -7,7 +7,7 @@
 
 #include <string>
 
-#include "component/core/objects.h"
+#include "zelvor/objects.h"
 
 namespace zvhost {
 

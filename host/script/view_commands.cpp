@@ -2,7 +2,7 @@
 // drawing) and the output files made from it (a picture, a C program).
 #include <fstream>
 
-#include "render.h"
+#include "host/pictures/render.h"
 #include "runner.h"
 
 namespace zvhost {

@@ -12,10 +12,10 @@
 
 #include "json_out.h"
 #include "lexer.h"
-#include "loader.h"
+#include "host/plugin/loader.h"
 #include "ops.h"
 #include "platform/msgbox.h"
-#include "program.h"
+#include "host/program/program.h"
 
 namespace zvhost {
 

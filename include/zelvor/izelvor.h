@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <string>
 
-#include "../../platform/variant.h"
+#include "platform/variant.h"
 #include "status.h"
 
 namespace zv {

@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#include "component/core/objects.h"
+#include "zelvor/objects.h"
 
 namespace zvhost {
 
