@@ -8,6 +8,7 @@
 
 #include "gui/gui.h"
 #include "host/plugin/loader.h"
+#include "host/plugin/plugin_backend.h"
 #include "host/script/runner.h"
 
 namespace {
@@ -47,7 +48,8 @@ int main(int argc, char** argv) {
     std::cerr << "zelvor-host: cannot load the plug-in " << path << ": " << error << '\n';
     return 1;
   }
-  zvhost::Runner runner(plugin);
+  zvhost::PluginBackend backend(plugin);
+  zvhost::Runner runner(backend);
   if (words[1] == "-")
     return runner.run(std::cin, std::cout);
   std::ifstream script(words[1]);

@@ -10,8 +10,8 @@
 #include <fstream>
 
 #include "devices.h"
-#include "host/script/json_out.h"
 #include "host/pictures/render.h"
+#include "host/script/json_out.h"
 #include "platform/vbnum.h"
 #include "qt/page_dialog.h"
 
@@ -45,7 +45,7 @@ zv::Variant paramsOf(const std::vector<long>& args) {
 } // namespace
 
 MainWindow::MainWindow(const Plugin& plugin, const std::string& devicesFolder, QWidget* parent)
-    : QMainWindow(parent), plugin_(plugin), boxes_(this) {
+    : QMainWindow(parent), plugin_(plugin), boxes_(this), backend_(plugin) {
   zv::setMessageBoxService(&boxes_);
   zvqt::setErrorReporter([this](int number, const std::string& description) {
     statusBar()->showMessage(
@@ -168,8 +168,9 @@ void MainWindow::buildMenus() {
 }
 
 zv::ComponentObject* MainWindow::shown() {
-  if (runner_ && runner_->current())
-    return runner_->current();
+  if (runner_)
+    if (auto* current = static_cast<PluginComponent*>(runner_->current()))
+      return &current->object();
   return own_.get();
 }
 
@@ -260,7 +261,7 @@ bool MainWindow::openScript(const std::string& path) {
     return false;
   }
   scriptPath_ = path;
-  runner_ = std::make_unique<Runner>(plugin_);
+  runner_ = std::make_unique<Runner>(backend_);
   // The runner answers the boxes of its own commands; the user answers the rest.
   zv::setMessageBoxService(&boxes_);
   showComponent();

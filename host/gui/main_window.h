@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "host/plugin/loader.h"
+#include "host/plugin/plugin_backend.h"
 #include "host/program/program.h"
 #include "host/script/runner.h"
 #include "project_file.h"
@@ -52,6 +53,7 @@ private:
   const Plugin& plugin_;
   zvqt::QtMessageBoxes boxes_;
   Plugin::ComponentPtr own_;
+  PluginBackend backend_;
   std::unique_ptr<Runner> runner_;
   std::string scriptPath_;
   zv::ComponentObject* panelOf_ = nullptr;

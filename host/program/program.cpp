@@ -52,7 +52,7 @@ bool isIdentifier(const std::string& s) {
 }
 
 // Block text with its placeholders filled, each line indented by one level.
-std::string filled(zv::ComponentObject& c, std::string text, bool indent) {
+std::string filled(zv::IZelvorComponentV4& c, std::string text, bool indent) {
   check(c.MacroCodeOverride(text), "MacroCodeOverride");
   if (!indent)
     return text;
@@ -79,7 +79,7 @@ struct Macro {
   std::vector<std::pair<std::string, std::string>> params; // type, name
 };
 
-Macro describe(zv::ComponentObject& c, const std::vector<std::string>& names, int32_t id) {
+Macro describe(zv::IZelvorComponentV4& c, const std::vector<std::string>& names, int32_t id) {
   if (id < 0 || static_cast<size_t>(id) >= names.size())
     throw Refused("no macro " + std::to_string(id) + " in the component's table");
   std::vector<std::string> fields = split(names[static_cast<size_t>(id)]);
@@ -98,7 +98,7 @@ Macro describe(zv::ComponentObject& c, const std::vector<std::string>& names, in
   return m;
 }
 
-std::string function(zv::ComponentObject& c, const Macro& m, int32_t id) {
+std::string function(zv::IZelvorComponentV4& c, const Macro& m, int32_t id) {
   std::string body;
   check(c.get_MacroCode(id, body), "MacroCode");
   std::string text = m.returns + " " + m.name + "(";
@@ -108,7 +108,7 @@ std::string function(zv::ComponentObject& c, const Macro& m, int32_t id) {
   return text + filled(c, body, true) + "}\n";
 }
 
-std::string program(zv::ComponentObject& c, const std::vector<MacroCall>& calls) {
+std::string program(zv::IZelvorComponentV4& c, const std::vector<MacroCall>& calls) {
   std::string description;
   check(c.get_Description(description), "Description");
   for (size_t end = description.find("*/"); end != std::string::npos;
@@ -161,7 +161,7 @@ std::string program(zv::ComponentObject& c, const std::vector<MacroCall>& calls)
 
 } // namespace
 
-bool generateProgram(zv::ComponentObject& component, const std::vector<MacroCall>& calls,
+bool generateProgram(zv::IZelvorComponentV4& component, const std::vector<MacroCall>& calls,
                      std::string& text, std::string& error) {
   try {
     text = program(component, calls);

@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#include "zelvor/objects.h"
+#include "zelvor/izelvor.h"
 
 namespace zvhost {
 
@@ -28,7 +28,7 @@ struct MacroCall {
 // Builds the program text. Fails (false, error filled) when the component
 // refuses an operation the program needs, when a call names a macro outside
 // the table, or when its argument count differs from the macro's parameters.
-bool generateProgram(zv::ComponentObject& component, const std::vector<MacroCall>& calls,
+bool generateProgram(zv::IZelvorComponentV4& component, const std::vector<MacroCall>& calls,
                      std::string& program, std::string& error);
 
 } // namespace zvhost

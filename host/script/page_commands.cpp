@@ -1,6 +1,6 @@
 // The property page as its site and the user drive it: creation, selection,
-// apply, and edits of its controls. Each edit goes through the control's
-// model, so the page's notifications run nested, as for a user's edit.
+// apply, and edits of its controls. Each edit goes through the control, so
+// the page's notifications run nested, as for a user's edit.
 #include <string>
 
 #include "platform/errors.h"
@@ -30,14 +30,12 @@ void dropLastCharacter(std::string& text) {
   text.resize(end > 0 ? end - 1 : 0);
 }
 
-template <class T> T& controlOf(zv::PageObject& page, const std::string& name, const char* what) {
-  zv::Control* c = page.control(name);
-  if (!c)
+void requireKind(PageHandle& page, const std::string& name, ControlKind kind, const char* what) {
+  const ControlKind found = page.kind(name);
+  if (found == ControlKind::None)
     throw ScriptError("no control " + name + " on the page");
-  T* typed = dynamic_cast<T*>(c);
-  if (!typed)
+  if (found != kind)
     throw ScriptError(name + " is not a " + what);
-  return *typed;
 }
 
 int intValue(const zv::Variant& v) {
@@ -48,50 +46,44 @@ int intValue(const zv::Variant& v) {
   }
 }
 
-Json controlJson(const zv::Control& c) {
+Json controlJson(const ControlView& c) {
   Json j = Json::object();
-  if (auto* t = dynamic_cast<const zv::TextBox*>(&c))
-    j["text"] = t->Text();
-  if (auto* l = dynamic_cast<const zv::Label*>(&c))
-    j["caption"] = l->Caption();
-  if (auto* f = dynamic_cast<const zv::Frame*>(&c))
-    j["caption"] = f->Caption();
-  if (auto* k = dynamic_cast<const zv::CheckBox*>(&c)) {
-    j["caption"] = k->Caption();
-    j["value"] = k->Value();
-  }
-  if (auto* s = dynamic_cast<const zv::ScrollBar*>(&c)) {
-    j["value"] = s->Value();
-    j["min"] = s->Min();
-    j["max"] = s->Max();
-  }
-  if (auto* b = dynamic_cast<const zv::ComboBox*>(&c)) {
-    j["listIndex"] = b->ListIndex();
-    j["items"] = b->items();
-  }
-  j["enabled"] = sign(c.Enabled());
+  if (c.text)
+    j["text"] = *c.text;
+  if (c.caption)
+    j["caption"] = *c.caption;
+  if (c.value)
+    j["value"] = *c.value;
+  if (c.min)
+    j["min"] = *c.min;
+  if (c.max)
+    j["max"] = *c.max;
+  if (c.listIndex)
+    j["listIndex"] = *c.listIndex;
+  if (c.items)
+    j["items"] = *c.items;
+  j["enabled"] = sign(c.enabled);
   return j;
 }
 
 } // namespace
 
-zv::PageObject& Runner::requirePage() {
+PageHandle& Runner::requirePage() {
   if (!page_)
     throw ScriptError("no page: page new first");
   return *page_;
 }
 
 Json Runner::pageState() {
-  zv::PageObject& page = requirePage();
+  const PageView view = requirePage().state();
   Json j;
-  j["fields"] = inspectedJson(page.inspect());
+  j["fields"] = inspectedJson(view.fields);
   Json controls = Json::object();
-  for (zv::Control* c : page.controls())
-    controls[c->name()] = controlJson(*c);
+  for (const ControlView& c : view.controls)
+    controls[c.name] = controlJson(c);
   j["controls"] = std::move(controls);
-  j["changed"] = sign(page.site().Changed());
-  zv::Control* focus = page.site().focus();
-  j["focus"] = focus ? Json(focus->name()) : Json(nullptr);
+  j["changed"] = sign(view.changed);
+  j["focus"] = view.focus ? Json(*view.focus) : Json(nullptr);
   return j;
 }
 
@@ -105,7 +97,7 @@ Runner::Reply Runner::pageCommand(LineScanner& scan) {
   if (verb == "new") {
     noMore();
     page_.reset();
-    page_ = plugin_.createPage(r.status);
+    page_ = backend_.createPage(r.status);
     if (!page_ && r.status.ok())
       r.status = {zv::errInvalidCall, zv::errorDescription(zv::errInvalidCall)};
     return r;
@@ -115,65 +107,62 @@ Runner::Reply Runner::pageCommand(LineScanner& scan) {
     r.result = pageState();
     return r;
   }
-  zv::PageObject& page = requirePage();
+  PageHandle& page = requirePage();
   if (verb == "select") {
-    std::vector<zv::Dispatch*> selected;
+    std::vector<ComponentHandle*> selected;
     while (!scan.atEnd()) {
       const int n = wordNumber(scan.word());
       if (n < 1 || static_cast<size_t>(n) > components_.size())
         throw ScriptError("no component " + std::to_string(n));
-      selected.push_back(&components_[static_cast<size_t>(n) - 1].object->publicInterface());
+      selected.push_back(components_[static_cast<size_t>(n) - 1].object.get());
     }
     if (selected.empty())
-      selected.push_back(&component().publicInterface());
-    page.site().SelectedControls = selected;
-    r.status = page.PropertyPage_SelectionChanged();
+      selected.push_back(&component());
+    r.status = page.select(selected);
     return r;
   }
   if (verb == "apply") {
     noMore();
-    r.status = page.PropertyPage_ApplyChanges();
-    // As a page frame does: an applied page has nothing left to apply.
-    if (r.status.ok())
-      page.site().setChanged(false);
+    r.status = page.apply();
     return r;
   }
   const std::string name = scan.word();
   if (verb == "set") {
     const zv::Variant value = scan.value();
     noMore();
-    zv::Control* c = page.control(name);
-    if (!c)
+    switch (page.kind(name)) {
+    case ControlKind::None:
       throw ScriptError("no control " + name + " on the page");
-    if (auto* t = dynamic_cast<zv::TextBox*>(c)) {
+    case ControlKind::TextBox: {
       std::string text;
       try {
         text = zv::toStr(value);
       } catch (const zv::RuntimeError& e) {
         throw ScriptError("not a text: " + e.description());
       }
-      t->setText(text);
-    } else if (auto* s = dynamic_cast<zv::ScrollBar*>(c)) {
-      s->setValue(intValue(value));
-    } else if (auto* k = dynamic_cast<zv::CheckBox*>(c)) {
-      k->setValue(intValue(value));
-    } else if (auto* b = dynamic_cast<zv::ComboBox*>(c)) {
-      b->setListIndex(intValue(value));
-    } else {
-      throw ScriptError(name + " has no value a user can set");
+      page.setText(name, text);
+      return r;
     }
-    return r;
+    case ControlKind::ScrollBar:
+    case ControlKind::CheckBox:
+    case ControlKind::ComboBox:
+      page.setValue(name, intValue(value));
+      return r;
+    case ControlKind::Other:
+      break;
+    }
+    throw ScriptError(name + " has no value a user can set");
   }
   if (verb == "type") {
     const zv::Variant text = scan.value();
     noMore();
     if (text.type() != zv::VarType::BSTR || text.isArray())
       throw ScriptError("page type takes a string");
-    zv::TextBox& box = controlOf<zv::TextBox>(page, name, "text box");
+    requireKind(page, name, ControlKind::TextBox, "text box");
     const std::string& typed = text.rawStr();
     for (size_t at = 0; at < typed.size();) {
       const size_t len = characterLength(typed, at);
-      box.setText(box.Text() + typed.substr(at, len));
+      page.setText(name, page.text(name) + typed.substr(at, len));
       at += len;
     }
     return r;
@@ -183,24 +172,23 @@ Runner::Reply Runner::pageCommand(LineScanner& scan) {
     if (!scan.atEnd())
       count = wordNumber(scan.word());
     noMore();
-    zv::TextBox& box = controlOf<zv::TextBox>(page, name, "text box");
-    for (int i = 0; i < count && !box.Text().empty(); ++i) {
-      std::string text = box.Text();
+    requireKind(page, name, ControlKind::TextBox, "text box");
+    for (int i = 0; i < count; ++i) {
+      std::string text = page.text(name);
+      if (text.empty())
+        break;
       dropLastCharacter(text);
-      box.setText(text);
+      page.setText(name, text);
     }
     return r;
   }
   if (verb == "arrow") {
     const std::string direction = scan.word();
     noMore();
-    zv::ScrollBar& bar = controlOf<zv::ScrollBar>(page, name, "scroll bar");
-    if (direction == "up")
-      bar.arrowUp();
-    else if (direction == "down")
-      bar.arrowDown();
-    else
+    requireKind(page, name, ControlKind::ScrollBar, "scroll bar");
+    if (direction != "up" && direction != "down")
       throw ScriptError("page arrow takes up or down, not " + direction);
+    page.arrow(name, direction == "up");
     return r;
   }
   throw ScriptError("unknown page command: " + verb);

@@ -5,7 +5,7 @@
 #include <iostream>
 #include <sstream>
 
-#include "component/core/guard.h"
+#include "platform/errors.h"
 #include "platform/vbnum.h"
 
 namespace zvhost {
@@ -96,7 +96,7 @@ int wordNumber(const std::string& word) {
   return n;
 }
 
-Runner::Runner(const Plugin& plugin) : plugin_(plugin) {
+Runner::Runner(Backend& backend) : backend_(backend) {
   zv::setMessageBoxService(&boxes_);
 }
 
@@ -162,7 +162,7 @@ std::optional<Json> Runner::execute(int lineNumber, const std::string& line) {
   return answer;
 }
 
-zv::ComponentObject* Runner::current() {
+ComponentHandle* Runner::current() {
   return current_ == 0 ? nullptr : components_[current_ - 1].object.get();
 }
 
@@ -184,8 +184,8 @@ Runner::Reply Runner::dispatch(const std::string& command, LineScanner& scan) {
     return use(scan);
   if (command == "init" || command == "paint" || command == "resize") {
     noMore();
-    zv::ComponentObject& c = component();
-    r.status = command == "init" ? c.InitProperties() : command == "paint" ? c.Paint() : c.Resize();
+    ComponentHandle& c = component();
+    r.status = command == "init" ? c.initProperties() : command == "paint" ? c.paint() : c.resize();
     return r;
   }
   if (command == "readprops")
@@ -228,7 +228,7 @@ Runner::Reply Runner::create(LineScanner& scan) {
   if (!scan.atEnd())
     throw ScriptError("unexpected argument: " + scan.rest());
   Reply r;
-  Plugin::ComponentPtr made = plugin_.createComponent(folder, baseName, r.status);
+  std::unique_ptr<ComponentHandle> made = backend_.createComponent(folder, baseName, r.status);
   if (!made) {
     if (r.status.ok())
       r.status = {zv::errInvalidCall, zv::errorDescription(zv::errInvalidCall)};
@@ -251,7 +251,7 @@ Runner::Reply Runner::use(LineScanner& scan) {
 }
 
 Runner::Reply Runner::readProps(LineScanner& scan) {
-  zv::ComponentObject& c = component();
+  ComponentHandle& c = component();
   const Json source = scan.peek() == '{' ? parseJson(scan.rest()) : [&] {
     const std::string path = scan.word();
     if (!scan.atEnd())
@@ -260,12 +260,12 @@ Runner::Reply Runner::readProps(LineScanner& scan) {
   }();
   zv::PropertyBag bag = bagFromJson(source);
   Reply r;
-  r.status = c.ReadProperties(bag);
+  r.status = c.readProperties(bag);
   return r;
 }
 
 Runner::Reply Runner::writeProps(LineScanner& scan) {
-  zv::ComponentObject& c = component();
+  ComponentHandle& c = component();
   std::string path;
   if (!scan.atEnd())
     path = scan.word();
@@ -273,7 +273,7 @@ Runner::Reply Runner::writeProps(LineScanner& scan) {
     throw ScriptError("unexpected argument: " + scan.rest());
   zv::PropertyBag bag;
   Reply r;
-  r.status = c.WriteProperties(bag);
+  r.status = c.writeProperties(bag);
   r.result = bagJson(bag);
   if (!path.empty()) {
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
@@ -289,7 +289,7 @@ Runner::Reply Runner::hostOperation(OpKind kind, LineScanner& scan) {
   const Operation* op = findOperation(kind, name);
   if (!op)
     throw ScriptError("unknown operation: " + name);
-  zv::ComponentObject& c = component();
+  ComponentHandle& c = component();
   std::vector<zv::Variant> args;
   while (!scan.atEnd()) {
     if (args.size() == op->params.size())
@@ -304,7 +304,7 @@ Runner::Reply Runner::hostOperation(OpKind kind, LineScanner& scan) {
   }
   Reply r;
   zv::Variant result;
-  r.status = op->invoke(c, args, result);
+  r.status = c.hostOperation(*op, args, result);
   if (op->result && r.status.ok())
     r.result = variantJson(result);
   Json byref = Json::object();
@@ -329,14 +329,20 @@ void Runner::recordSimCall(const std::string& op, const std::vector<zv::Variant>
   MacroCall call;
   call.macroId = args[0].rawI4();
   zv::Variant names;
-  if (!slot.object->get_MacroNames(names).ok() || !names.isArray() ||
-      call.macroId < names.arr().lbound() || call.macroId > names.arr().ubound())
+  std::vector<zv::Variant> none;
+  if (!slot.object->hostOperation(*findOperation(OpKind::Get, "MacroNames"), none, names).ok() ||
+      !names.isArray() || call.macroId < names.arr().lbound() ||
+      call.macroId > names.arr().ubound())
     return;
   if (args[1].isArray()) {
     const zv::SafeArray& a = args[1].arr();
     for (int32_t i = a.lbound(); i <= a.ubound(); ++i) {
       long value = 0;
-      zv::guard([&] { value = zv::toI4(a.at(i)); });
+      try {
+        value = zv::toI4(a.at(i));
+      } catch (const zv::RuntimeError&) {
+        // an element the macro never reads may be anything: the program passes 0
+      }
       call.args.push_back(value);
     }
   }
@@ -346,13 +352,13 @@ void Runner::recordSimCall(const std::string& op, const std::vector<zv::Variant>
 Runner::Reply Runner::publicInterface(LineScanner& scan) {
   const std::string verb = scan.word();
   const std::string name = scan.word();
-  zv::Dispatch& pwm = component().publicInterface();
+  ComponentHandle& pwm = component();
   Reply r;
   if (verb == "get") {
     if (!scan.atEnd())
       throw ScriptError("unexpected argument: " + scan.rest());
     zv::Variant v;
-    r.status = zv::guard([&] { v = pwm.getProperty(name); });
+    r.status = pwm.publicGet(name, v);
     if (r.status.ok())
       r.result = variantJson(v);
     return r;
@@ -361,7 +367,7 @@ Runner::Reply Runner::publicInterface(LineScanner& scan) {
     zv::Variant value = scan.value();
     if (!scan.atEnd())
       throw ScriptError("unexpected argument: " + scan.rest());
-    r.status = zv::guard([&] { pwm.putProperty(name, value); });
+    r.status = pwm.publicPut(name, value);
     return r;
   }
   if (verb != "call")
@@ -370,7 +376,7 @@ Runner::Reply Runner::publicInterface(LineScanner& scan) {
   while (!scan.atEnd())
     args.push_back(scan.value());
   zv::Variant v;
-  r.status = zv::guard([&] { v = pwm.callMethod(name, args); });
+  r.status = pwm.publicCall(name, args, v);
   if (r.status.ok())
     r.result = variantJson(v);
   const std::vector<std::string> names = publicMethodParams(name);

@@ -1,21 +1,22 @@
 // The script runner: carries out one script line at a time against the
-// components it creates from a plug-in, and answers one JSON object per
+// components it creates through a backend, and answers one JSON object per
 // command. A line it cannot carry out answers a script error and the run goes
 // on; a failed operation of a component is no script error. Message boxes
 // shown during a command are answered with OK at once and listed in its answer.
 #pragma once
 
 #include <iosfwd>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "backend.h"
+#include "host/program/program.h"
 #include "json_out.h"
 #include "lexer.h"
-#include "host/plugin/loader.h"
 #include "ops.h"
 #include "platform/msgbox.h"
-#include "host/program/program.h"
 
 namespace zvhost {
 
@@ -27,8 +28,8 @@ public:
 
 class Runner {
 public:
-  // Installs its message box service for its lifetime; plugin must outlive it.
-  explicit Runner(const Plugin& plugin);
+  // Installs its message box service for its lifetime; backend must outlive it.
+  explicit Runner(Backend& backend);
   ~Runner();
   Runner(const Runner&) = delete;
   Runner& operator=(const Runner&) = delete;
@@ -40,8 +41,7 @@ public:
   std::optional<Json> execute(int lineNumber, const std::string& line);
 
   bool hadScriptError() const { return scriptErrors_; }
-  zv::ComponentObject* current();
-  zv::PageObject* page() { return page_.get(); }
+  ComponentHandle* current();
 
 private:
   // What one command answers, besides its line, text and messages.
@@ -51,13 +51,13 @@ private:
     std::optional<Json> byref;
   };
   struct Slot {
-    Plugin::ComponentPtr object;
+    std::unique_ptr<ComponentHandle> object;
     std::vector<MacroCall> simCalls; // since its last StartSimulation
   };
 
   Reply dispatch(const std::string& command, LineScanner& scan);
   Slot& currentSlot();
-  zv::ComponentObject& component() { return *currentSlot().object; }
+  ComponentHandle& component() { return *currentSlot().object; }
 
   // runner.cpp: component life, container calls, the host interface
   Reply create(LineScanner& scan);
@@ -69,7 +69,7 @@ private:
   void recordSimCall(const std::string& op, const std::vector<zv::Variant>& args);
   // page_commands.cpp
   Reply pageCommand(LineScanner& scan);
-  zv::PageObject& requirePage();
+  PageHandle& requirePage();
   Json pageState();
   // view_commands.cpp: inspection and output files
   Reply state();
@@ -78,11 +78,11 @@ private:
   Reply render(LineScanner& scan);
   Reply program(LineScanner& scan);
 
-  const Plugin& plugin_;
+  Backend& backend_;
   RecordingMessageBoxes boxes_;
   std::vector<Slot> components_;
   size_t current_ = 0; // 1-based; 0 before the first create
-  Plugin::PagePtr page_;
+  std::unique_ptr<PageHandle> page_;
   bool scriptErrors_ = false;
 };
 

@@ -2,7 +2,7 @@
 // drawing) and the output files made from it (a picture, a C program).
 #include <fstream>
 
-#include "host/pictures/render.h"
+#include "late_bound.h"
 #include "runner.h"
 
 namespace zvhost {
@@ -12,16 +12,6 @@ namespace {
 int16_t sign(bool b) {
   return b ? -1 : 0;
 }
-
-zv::Canvas& canvasOf(zv::ComponentObject& component, int index) {
-  const std::string name = "Pic_Graph(" + std::to_string(index) + ")";
-  for (zv::Control* c : component.panelControls())
-    if (c->name() == name)
-      if (auto* canvas = dynamic_cast<zv::Canvas*>(c))
-        return *canvas;
-  throw ScriptError("no canvas " + name + " on the panel");
-}
-
 float floatWord(const std::string& word) {
   const zv::Variant v = parseLiteral(word);
   if (v.isArray() || (v.type() != zv::VarType::I2 && v.type() != zv::VarType::I4 &&
@@ -43,24 +33,23 @@ float floatWord(const std::string& word) {
 
 Runner::Reply Runner::state() {
   Reply r;
-  r.result = inspectedJson(component().inspect());
+  r.result = inspectedJson(component().fields());
   return r;
 }
 
 Runner::Reply Runner::panel() {
-  zv::ComponentObject& c = component();
-  const zv::UserControlSurface& surface = c.panelSurface();
+  const PanelView view = component().panel();
   Json j;
-  j["width"] = floatJson(surface.Width());
-  j["height"] = floatJson(surface.Height());
-  j["backStyle"] = surface.BackStyle();
+  j["width"] = floatJson(view.width);
+  j["height"] = floatJson(view.height);
+  j["backStyle"] = view.backStyle;
   Json controls = Json::object();
-  for (zv::Control* control : c.panelControls()) {
+  for (const PanelView::Item& item : view.controls) {
     Json one;
-    one["visible"] = sign(control->Visible());
-    if (auto* label = dynamic_cast<zv::Label*>(control))
-      one["caption"] = label->Caption();
-    controls[control->name()] = std::move(one);
+    one["visible"] = sign(item.visible);
+    if (item.caption)
+      one["caption"] = *item.caption;
+    controls[item.name] = std::move(one);
   }
   j["controls"] = std::move(controls);
   Reply r;
@@ -69,7 +58,11 @@ Runner::Reply Runner::panel() {
 }
 
 Runner::Reply Runner::canvas(LineScanner& scan) {
-  zv::Canvas& canvas = canvasOf(component(), wordNumber(scan.word()));
+  ComponentHandle& c = component();
+  const int index = wordNumber(scan.word());
+  std::optional<CanvasView> view = c.canvas(index, std::nullopt);
+  if (!view)
+    throw ScriptError("no canvas Pic_Graph(" + std::to_string(index) + ") on the panel");
   if (!scan.atEnd()) {
     if (scan.word() != "size")
       throw ScriptError("canvas I takes nothing or size W H");
@@ -77,15 +70,14 @@ Runner::Reply Runner::canvas(LineScanner& scan) {
     const float height = floatWord(scan.word());
     if (!scan.atEnd())
       throw ScriptError("unexpected argument: " + scan.rest());
-    const float border = canvas.BorderWidth();
-    canvas.Move(canvas.Left(), canvas.Top(), width + 2 * border, height + 2 * border);
+    view = c.canvas(index, std::make_pair(width, height));
   }
   Json j;
-  j["scaleWidth"] = floatJson(canvas.ScaleWidth());
-  j["scaleHeight"] = floatJson(canvas.ScaleHeight());
-  j["foreColor"] = colorText(canvas.ForeColor());
+  j["scaleWidth"] = floatJson(view->scaleWidth);
+  j["scaleHeight"] = floatJson(view->scaleHeight);
+  j["foreColor"] = colorText(view->foreColor);
   Json ops = Json::array();
-  for (const zv::DrawOp& op : canvas.ops())
+  for (const zv::DrawOp& op : view->ops)
     ops.push_back(drawOpJson(op));
   j["ops"] = std::move(ops);
   Reply r;
@@ -94,12 +86,12 @@ Runner::Reply Runner::canvas(LineScanner& scan) {
 }
 
 Runner::Reply Runner::render(LineScanner& scan) {
-  zv::ComponentObject& c = component();
+  ComponentHandle& c = component();
   const std::string path = scan.word();
   if (!scan.atEnd())
     throw ScriptError("unexpected argument: " + scan.rest());
   std::string error;
-  if (!renderPanel(c, path, error))
+  if (!backend_.render(c, path, error))
     throw ScriptError("render " + path + ": " + error);
   return {};
 }
@@ -110,7 +102,8 @@ Runner::Reply Runner::program(LineScanner& scan) {
   if (!scan.atEnd())
     throw ScriptError("unexpected argument: " + scan.rest());
   std::string text, error;
-  if (!generateProgram(*slot.object, slot.simCalls, text, error))
+  LateBoundComponent late(*slot.object);
+  if (!generateProgram(late, slot.simCalls, text, error))
     throw ScriptError("program " + path + ": " + error);
   std::ofstream out(path, std::ios::binary | std::ios::trunc);
   out << text;
