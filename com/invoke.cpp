@@ -107,7 +107,7 @@ HRESULT invoke(const InterfaceInfo& info, void* instance, DISPID id, WORD flags,
     } else {
       args[i] = &holder;
     }
-    types[i] = args[i]->vt;
+    types[i] = p.byRef ? static_cast<VARTYPE>(VT_BYREF | p.vt) : p.vt;
   }
 
   ScopedVariant returned;
