@@ -273,6 +273,7 @@ HRESULT ObjectFace::Canvas(LONG index, VARIANT size, VARIANT* tree) {
 } // namespace
 
 HRESULT queryDiagnostics(PwmObject& object, REFIID iid, void** out) {
+  *out = nullptr;
   if (!IsEqualIID(iid, IID_IZelvorDiagnostics))
     return E_NOINTERFACE;
   auto* face = new (std::nothrow) ObjectFace(object);

@@ -1,5 +1,6 @@
 #include "pwm_object.h"
 
+#include "diagnostics.h"
 #include "invoke.h"
 #include "platform/library.h"
 #include "server.h"
@@ -46,6 +47,21 @@ HRESULT PwmObject::create(REFIID iid, void** out) {
   return hr;
 }
 
+HRESULT PwmObject::restart(const std::string& folder, const std::string& baseName) {
+  std::unique_ptr<zv::ComponentObject, Destroy> made;
+  const HRESULT hr = call(IID__PWM, [&] {
+    zv::Status status;
+    made.reset(zelvor_create_component(folder.empty() ? nullptr : folder.c_str(),
+                                       baseName.empty() ? nullptr : baseName.c_str(), &status));
+    return status;
+  });
+  if (SUCCEEDED(hr) && made) {
+    MessageBoxScope scope(boxes_);
+    component_ = std::move(made);
+  }
+  return hr;
+}
+
 HRESULT PwmObject::QueryInterface(REFIID iid, void** out) {
   if (!out)
     return E_POINTER;
@@ -57,11 +73,8 @@ HRESULT PwmObject::QueryInterface(REFIID iid, void** out) {
     *out = static_cast<ISupportErrorInfo*>(this);
   else if (IsEqualIID(iid, IID_IOleObject))
     *out = static_cast<IOleObject*>(this);
-  // Diagnostic interfaces for hosts and tests are handed out here.
-  else {
-    *out = nullptr;
-    return E_NOINTERFACE;
-  }
+  else
+    return queryDiagnostics(*this, iid, out);
   AddRef();
   return S_OK;
 }

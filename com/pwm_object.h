@@ -27,6 +27,9 @@ public:
     return run(iid, std::forward<Body>(body));
   }
   zv::ComponentObject& component() { return *component_; }
+  // A new component with this code file folder and base name (empty: the
+  // library's own) replaces the current one; on failure the current one stays.
+  HRESULT restart(const std::string& folder, const std::string& baseName);
 
   // IUnknown
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;

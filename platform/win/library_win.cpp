@@ -32,8 +32,12 @@ std::string joinPath(const std::string& folder, const std::string& name) {
   std::string path;
   path.reserve(folder.size() + 1 + name.size());
   path.append(folder);
+  // A folder written with forward slashes only (a script's, a Unix-style
+  // path) keeps them; any other gets the system's backslash.
+  const bool forward =
+      folder.find('\\') == std::string::npos && folder.find('/') != std::string::npos;
   if (folder.back() != '\\' && folder.back() != '/')
-    path.push_back('\\');
+    path.push_back(forward ? '/' : '\\');
   return path.append(name);
 }
 

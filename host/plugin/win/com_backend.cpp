@@ -359,11 +359,11 @@ std::unique_ptr<ComponentHandle> ComBackend::createComponent(const std::string& 
   Ref<IUnknown> object;
   if (SUCCEEDED(hr))
     hr = CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, object.out());
-  Ref<IObjectWithSite> withSite;
+  Ref<IOleObject> control;
   if (SUCCEEDED(hr))
-    hr = object->QueryInterface(IID_IObjectWithSite, withSite.out());
+    hr = object->QueryInterface(IID_IOleObject, control.out());
   if (SUCCEEDED(hr))
-    hr = withSite->SetSite(static_cast<IServiceProvider*>(site_));
+    hr = control->SetClientSite(static_cast<IOleClientSite*>(site_));
   Ref<IDispatch> host, pwm;
   Ref<IZelvorDiagnostics> diagnostics;
   // The host interface's own IDispatch: the IZelvorComponentV4 pointer is one.
@@ -380,8 +380,8 @@ std::unique_ptr<ComponentHandle> ComBackend::createComponent(const std::string& 
   }
   if (FAILED(hr)) {
     status = statusOf(hr, nullptr);
-    if (withSite.get())
-      withSite->SetSite(nullptr);
+    if (control.get())
+      control->SetClientSite(nullptr);
     return nullptr;
   }
   return std::make_unique<ComComponent>(std::move(object), std::move(host), std::move(pwm),

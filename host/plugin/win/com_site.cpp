@@ -8,7 +8,9 @@ namespace zvhost {
 HRESULT ComSite::QueryInterface(REFIID iid, void** out) {
   if (!out)
     return E_POINTER;
-  if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IServiceProvider))
+  if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IOleClientSite))
+    *out = static_cast<IOleClientSite*>(this);
+  else if (IsEqualIID(iid, IID_IServiceProvider))
     *out = static_cast<IServiceProvider*>(this);
   else if (IsEqualIID(iid, IID_IZelvorMessageBoxes))
     *out = static_cast<IZelvorMessageBoxes*>(this);
@@ -25,6 +27,18 @@ ULONG ComSite::Release() {
   if (left == 0)
     delete this;
   return left;
+}
+
+HRESULT ComSite::GetMoniker(DWORD, DWORD, IMoniker** moniker) {
+  if (moniker)
+    *moniker = nullptr;
+  return E_NOTIMPL;
+}
+
+HRESULT ComSite::GetContainer(IOleContainer** container) {
+  if (container)
+    *container = nullptr;
+  return E_NOINTERFACE;
 }
 
 HRESULT ComSite::QueryService(REFGUID service, REFIID iid, void** out) {

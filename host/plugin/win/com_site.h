@@ -1,15 +1,17 @@
-// The host's site for the objects it makes: IServiceProvider offering the
-// library's message-box service, which shows each box through the process's
-// current zv::messageBoxService() and answers OK.
+// The host's client site for the objects it makes: IServiceProvider offering
+// the library's message-box service, which shows each box through the
+// process's current zv::messageBoxService() and answers OK. The site holds
+// no document: its other calls answer that there is nothing to do.
 #pragma once
 
+#include <oleidl.h>
 #include <servprov.h>
 
 #include "avr_pwm.h"
 
 namespace zvhost {
 
-class ComSite final : public IServiceProvider, public IZelvorMessageBoxes {
+class ComSite final : public IOleClientSite, public IServiceProvider, public IZelvorMessageBoxes {
 public:
   // Starts with one reference, the creator's.
   ComSite() = default;
@@ -17,6 +19,12 @@ public:
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
   ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
   ULONG STDMETHODCALLTYPE Release() override;
+  HRESULT STDMETHODCALLTYPE SaveObject() override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker** moniker) override;
+  HRESULT STDMETHODCALLTYPE GetContainer(IOleContainer** container) override;
+  HRESULT STDMETHODCALLTYPE ShowObject() override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE OnShowWindow(BOOL) override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE RequestNewObjectLayout() override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE QueryService(REFGUID service, REFIID iid, void** out) override;
   HRESULT STDMETHODCALLTYPE Show(BSTR text, BSTR title) override;
 
