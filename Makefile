@@ -6,7 +6,7 @@ PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchm
 	clang libclang-rt-14-dev wine64 g++-mingw-w64-x86-64 mingw-w64-tools
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
-.PHONY: deps build test test-default test-asan demo bench format clean fuzz fuzz-smoke fuzz-build fuzz-run
+.PHONY: deps build test test-default test-asan test-windows demo bench format clean fuzz fuzz-smoke fuzz-build fuzz-run
 
 deps:
 	@missing=""; for p in $(PACKAGES); do \
@@ -31,6 +31,13 @@ test-asan: deps
 	cmake --preset asan >/dev/null
 	cmake --build --preset asan
 	ctest --preset asan
+
+# The Windows library and zelvor-host.exe under Wine; the examples are compared
+# with the Linux host of the default build.
+test-windows: build
+	cmake --preset windows -DZV_LINUX_HOST=$(CURDIR)/build/bin/zelvor-host >/dev/null
+	cmake --build --preset windows
+	ctest --preset windows
 
 # Fuzz targets (libFuzzer, sanitizers): fuzz-smoke runs each for a few seconds,
 # fuzz for FUZZ_SECONDS each. Found inputs go to build-fuzz/, never to fuzz/corpus.
@@ -68,4 +75,4 @@ format:
 	find platform component qt host tools tests bench fuzz -name '*.cpp' -o -name '*.h' | xargs clang-format -i
 
 clean:
-	rm -rf build build-asan build-release build-fuzz out
+	rm -rf build build-asan build-release build-windows build-fuzz out

@@ -2,6 +2,8 @@
 
 #include <initializer_list>
 
+#include "platform/errors.h"
+
 namespace zvcom {
 
 namespace {
@@ -118,6 +120,28 @@ zv::Variant pageTree(zv::PageObject& page) {
   return list({fieldsTree(page.inspect()), list(controls),
                zv::Variant::boolean(page.site().Changed()),
                focus ? zv::Variant::str(focus->name()) : zv::Variant()});
+}
+
+std::pair<zv::Variant, zv::Variant> bagArrays(const zv::PropertyBag& bag) {
+  std::vector<std::string> names;
+  std::vector<zv::Variant> values;
+  for (const auto& [name, value] : bag.entries()) {
+    names.push_back(name);
+    values.push_back(value);
+  }
+  return {strings(names), list(values)};
+}
+
+void fillBag(const zv::Variant& names, const zv::Variant& values, zv::PropertyBag& bag) {
+  bool shaped = names.isArray() && values.isArray() && names.arr().size() == values.arr().size();
+  for (size_t i = 0; shaped && i < names.arr().size(); ++i)
+    shaped =
+        names.arr().at(names.arr().lbound() + static_cast<int32_t>(i)).type() == zv::VarType::BSTR;
+  if (!shaped)
+    throw zv::RuntimeError(zv::errTypeMismatch, zv::errorDescription(zv::errTypeMismatch));
+  const int32_t n0 = names.arr().lbound(), v0 = values.arr().lbound();
+  for (int32_t i = 0; i < static_cast<int32_t>(names.arr().size()); ++i)
+    bag.WriteProperty(names.arr().at(n0 + i).rawStr(), values.arr().at(v0 + i));
 }
 
 EditableKind editableKind(const zv::Control* c) {

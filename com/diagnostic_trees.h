@@ -5,7 +5,9 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
+#include "platform/propbag.h"
 #include "zelvor/objects.h"
 
 namespace zvcom {
@@ -21,6 +23,13 @@ zv::Canvas* canvasOf(zv::ComponentObject& component, int index);
 void sizeCanvas(zv::Canvas& canvas, float width, float height);
 zv::Variant canvasTree(const zv::Canvas& canvas);
 zv::Variant pageTree(zv::PageObject& page);
+
+// A bag as the interfaces pass it: its names (BSTR) and values (VARIANT) as
+// two arrays of the same length, in the bag's order.
+std::pair<zv::Variant, zv::Variant> bagArrays(const zv::PropertyBag& bag);
+// Writes such arrays into bag in order; arrays of another shape are a type
+// mismatch, raised before anything is written.
+void fillBag(const zv::Variant& names, const zv::Variant& values, zv::PropertyBag& bag);
 
 EditableKind editableKind(const zv::Control* control);
 // A user's edits; each does nothing on a control of another kind.

@@ -221,16 +221,11 @@ HRESULT ObjectFace::ReadProperties(VARIANT names, VARIANT values) {
     hr = fromVariant(values, v);
   if (FAILED(hr))
     return hr;
-  if (!n.isArray() || !v.isArray() || n.arr().size() != v.arr().size())
-    return DISP_E_TYPEMISMATCH;
   zv::PropertyBag bag;
-  for (int32_t i = n.arr().lbound(); i <= n.arr().ubound(); ++i) {
-    if (n.arr().at(i).type() != zv::VarType::BSTR)
-      return DISP_E_TYPEMISMATCH;
-    bag.WriteProperty(n.arr().at(i).rawStr(),
-                      v.arr().at(v.arr().lbound() + (i - n.arr().lbound())));
-  }
-  return run([&] { return component().ReadProperties(bag); });
+  return run([&] {
+    fillBag(n, v, bag);
+    return component().ReadProperties(bag);
+  });
 }
 
 HRESULT ObjectFace::WriteProperties(VARIANT* names, VARIANT* values) {
@@ -239,16 +234,10 @@ HRESULT ObjectFace::WriteProperties(VARIANT* names, VARIANT* values) {
   zv::PropertyBag bag;
   // The bag as it stands is the answer, also after a failure.
   const HRESULT status = run([&] { return component().WriteProperties(bag); });
-  const auto& entries = bag.entries();
-  const int32_t last = static_cast<int32_t>(entries.size()) - 1;
-  zv::SafeArray n(zv::VarType::BSTR, 0, last), v(zv::VarType::Variant, 0, last);
-  for (int32_t i = 0; i <= last; ++i) {
-    n.set(i, zv::Variant::str(entries[static_cast<size_t>(i)].first));
-    v.set(i, entries[static_cast<size_t>(i)].second);
-  }
-  HRESULT hr = toVariant(zv::Variant::array(std::move(n)), *names);
+  const auto [n, v] = bagArrays(bag);
+  HRESULT hr = toVariant(n, *names);
   if (SUCCEEDED(hr))
-    hr = toVariant(zv::Variant::array(std::move(v)), *values);
+    hr = toVariant(v, *values);
   return FAILED(hr) ? hr : status;
 }
 

@@ -2,6 +2,7 @@
 // the object itself answers, and the diagnostic trees are read strictly.
 #include <gtest/gtest.h>
 
+#include "com/diagnostic_trees.h"
 #include "host/plugin/diagnostic_views.h"
 #include "host/plugin/plugin_backend.h"
 #include "host/program/program.h"
@@ -65,10 +66,29 @@ TEST(DiagnosticViews, a_tree_of_another_shape_is_a_type_mismatch) {
       },
       [] { zvhost::pageFrom(list({})); },
       [] { zvhost::controlKindFrom(6); },
+      [] {
+        zv::PropertyBag bag;
+        zvcom::fillBag(list({Variant::str("A"), Variant::i2(1)}), list({Variant(), Variant()}),
+                       bag);
+      },
+      [] {
+        zv::PropertyBag bag;
+        zvcom::fillBag(list({Variant::str("A")}), list({}), bag);
+      },
   };
   for (size_t i = 0; i < reads.size(); ++i)
     EXPECT_EQ(zvtest::errorOf(reads[i]), zv::errTypeMismatch) << "read " << i;
   EXPECT_FALSE(zvhost::canvasFrom(Variant()));
+}
+
+TEST(DiagnosticTrees, a_bag_goes_as_two_arrays_and_comes_back_in_its_order) {
+  zv::PropertyBag bag, back;
+  bag.WriteProperty("Pr2", zv::Variant::i2(300));
+  bag.WriteProperty("Label1", zv::Variant::str("Left"));
+  bag.WriteProperty("ShowSim", zv::Variant::boolean(true));
+  const auto [names, values] = zvcom::bagArrays(bag);
+  zvcom::fillBag(names, values, back);
+  EXPECT_EQ(back.entries(), bag.entries());
 }
 
 } // namespace

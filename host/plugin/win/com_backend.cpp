@@ -3,6 +3,7 @@
 #include <ocidl.h>
 
 #include "com/convert.h"
+#include "com/diagnostic_trees.h"
 #include "com_site.h"
 #include "diagnostics_idl.h"
 #include "host/plugin/diagnostic_views.h"
@@ -190,26 +191,19 @@ public:
   zv::Status resize() override { return statusOfCall(diagnostics_->Resize()); }
 
   zv::Status readProperties(zv::PropertyBag& bag) override {
-    const auto& entries = bag.entries();
-    const int32_t last = static_cast<int32_t>(entries.size()) - 1;
-    zv::SafeArray names(zv::VarType::BSTR, 0, last), values(zv::VarType::Variant, 0, last);
-    for (int32_t i = 0; i <= last; ++i) {
-      names.set(i, zv::Variant::str(entries[static_cast<size_t>(i)].first));
-      values.set(i, entries[static_cast<size_t>(i)].second);
-    }
+    const auto [names, values] = zvcom::bagArrays(bag);
     zvcom::ScopedVariant n, v;
-    checkValue(zvcom::toVariant(zv::Variant::array(std::move(names)), n.v));
-    checkValue(zvcom::toVariant(zv::Variant::array(std::move(values)), v.v));
+    checkValue(zvcom::toVariant(names, n.v));
+    checkValue(zvcom::toVariant(values, v.v));
     return statusOfCall(diagnostics_->ReadProperties(n.v, v.v));
   }
 
   zv::Status writeProperties(zv::PropertyBag& bag) override {
     zvcom::ScopedVariant n, v;
     const zv::Status status = statusOfCall(diagnostics_->WriteProperties(&n.v, &v.v));
-    const zv::Variant names = variantOf(n.v), values = variantOf(v.v);
-    if (names.isArray() && values.isArray())
-      for (int32_t i = names.arr().lbound(); i <= names.arr().ubound(); ++i)
-        bag.WriteProperty(names.arr().at(i).rawStr(), values.arr().at(i));
+    // What was written stands, also after a failure; no arrays, no bag.
+    if (n.v.vt != VT_EMPTY || v.v.vt != VT_EMPTY)
+      zvcom::fillBag(variantOf(n.v), variantOf(v.v), bag);
     return status;
   }
 
