@@ -63,6 +63,17 @@ HRESULT load(const VARIANT& arg, VARTYPE vt, VARIANT& holder) {
   }
 }
 
+// Whether a caller's by-reference Variant already holds value: a scalar equal
+// to it, whatever its type.
+bool holdsAlready(const VARIANT& arg, const VARIANT& value) {
+  if (arg.vt != (VT_BYREF | VT_VARIANT) || !arg.pvarVal)
+    return false;
+  VARIANT& mine = *arg.pvarVal;
+  if ((mine.vt | value.vt) & (VT_ARRAY | VT_BYREF))
+    return false;
+  return VarCmp(&mine, const_cast<VARIANT*>(&value), LOCALE_USER_DEFAULT, 0) == VARCMP_EQ;
+}
+
 } // namespace
 
 HRESULT invoke(const InterfaceInfo& info, void* instance, DISPID id, WORD flags, DISPPARAMS* params,
@@ -118,9 +129,13 @@ HRESULT invoke(const InterfaceInfo& info, void* instance, DISPID id, WORD flags,
     hr = returned.v.scode;
 
   // In/out results go back to the caller's variables, after a failure too:
-  // what the operation wrote before it failed stays.
+  // what the operation wrote before it failed stays. A variable the failed
+  // call left at its value keeps its own type, as in the component's own
+  // interface, which leaves the arguments of a failed call alone.
   for (UINT i = 0; i < count; ++i)
     if (member->params[i].byRef) {
+      if (FAILED(hr) && holdsAlready(params->rgvarg[count - 1 - i], holders[i].v))
+        continue;
       const HRESULT written = writeBack(params->rgvarg[count - 1 - i], holders[i].v);
       if (FAILED(written) && SUCCEEDED(hr)) {
         if (argError)

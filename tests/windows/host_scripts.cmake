@@ -2,7 +2,9 @@
 # registering the server with regsvr32 in a private prefix: each must print
 # what the Linux host prints, line for line, render lines aside (this host
 # draws no pictures). The Linux host's output is the golden file of a test
-# script, and for an example the output of LINUX_HOST when it is given.
+# script, and for an example the output of LINUX_HOST when it is given. A
+# script with a VBScript twin (tests/windows/NAME.vbs) must also answer what
+# the twin prints under cscript, call for call.
 #   cmake -DWINE=... -DWINESERVER=... -DPREFIX=... -DOCX=... -DHOST_EXE=...
 #         -DSOURCE=... -DWORK=... [-DLINUX_HOST=...] -P host_scripts.cmake
 set(ENV{WINEPREFIX} ${PREFIX})
@@ -19,6 +21,49 @@ endfunction()
 function(without_render text out)
   string(REGEX REPLACE "[^\n]*\"cmd\": \"render [^\n]*\n" "" kept "${text}")
   set(${out} "${kept}" PARENT_SCOPE)
+endfunction()
+
+# Splits a text into a list of its lines; a ';' in a line stays in it.
+function(lines_of text out)
+  string(REPLACE "\r" "" text "${text}")
+  string(REPLACE ";" "\\;" text "${text}")
+  string(REGEX REPLACE "\n$" "" text "${text}")
+  string(REPLACE "\n" ";" text "${text}")
+  set(${out} "${text}" PARENT_SCOPE)
+endfunction()
+
+# The runner's answers as the VBScript twin prints them: "ok", "ok TYPE VALUE"
+# or "error NUMBER DESCRIPTION", one a command but create.
+function(twin_answers jsonl out)
+  set(type_I2 Integer)
+  set(type_I4 Long)
+  set(type_UI1 Byte)
+  set(type_BOOL Boolean)
+  set(type_BSTR String)
+  set(type_R4 Single)
+  set(type_R8 Double)
+  set(answers "")
+  lines_of("${jsonl}" lines)
+  foreach(line IN LISTS lines)
+    string(JSON cmd GET "${line}" cmd)
+    if(cmd STREQUAL "create")
+      continue()
+    endif()
+    string(JSON ok GET "${line}" ok)
+    string(JSON vt ERROR_VARIABLE none GET "${line}" result vt)
+    if(NOT ok)
+      string(JSON number ERROR_VARIABLE none GET "${line}" error number)
+      string(JSON description ERROR_VARIABLE none GET "${line}" error description)
+      string(APPEND answers "error ${number} ${description}\n")
+    elseif(NOT vt OR vt STREQUAL "EMPTY")
+      string(APPEND answers "ok\n")
+    else()
+      string(JSON value GET "${line}" result v)
+      string(APPEND answers "ok ${type_${vt}} ${value}\n")
+    endif()
+  endforeach()
+  string(REPLACE "\r" "" answers "${answers}")
+  set(${out} "${answers}" PARENT_SCOPE)
 endfunction()
 
 windows_path(${OCX} ocx)
@@ -54,6 +99,20 @@ foreach(script ${scripts})
     execute_process(COMMAND diff -u ${WORK}/${name}.expected.jsonl ${WORK}/${name}.actual.jsonl
       OUTPUT_VARIABLE difference)
     string(APPEND failures "${relative} differs:\n${difference}${errors}\n")
+  endif()
+  if(EXISTS ${SOURCE}/tests/windows/${name}.vbs)
+    windows_path(${SOURCE}/tests/windows/${name}.vbs twin)
+    execute_process(COMMAND ${WINE} cscript //nologo ${twin} WORKING_DIRECTORY ${SOURCE}
+      OUTPUT_VARIABLE said ERROR_VARIABLE errors)
+    string(REPLACE "\r" "" said "${said}")
+    twin_answers("${actual}" answered)
+    if(NOT said STREQUAL answered)
+      file(WRITE ${WORK}/${name}.vbs.txt "${said}")
+      file(WRITE ${WORK}/${name}.host.txt "${answered}")
+      execute_process(COMMAND diff -u ${WORK}/${name}.vbs.txt ${WORK}/${name}.host.txt
+        OUTPUT_VARIABLE difference)
+      string(APPEND failures "${name}.vbs and ${relative} answer differently:\n${difference}${errors}\n")
+    endif()
   endif()
 endforeach()
 
