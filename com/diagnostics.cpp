@@ -152,6 +152,13 @@ public:
 
   PwmObject& object() { return ref_.object; }
 
+  // The object's identity and its other interfaces are the object's own.
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override {
+    if (!IsEqualIID(iid, IID_IZelvorDiagnostics))
+      return object().QueryInterface(iid, out);
+    return Counted::QueryInterface(iid, out);
+  }
+
   HRESULT STDMETHODCALLTYPE Restart(BSTR folder, BSTR baseName) override {
     return object().restart(textOf(folder), textOf(baseName));
   }
