@@ -396,10 +396,6 @@ bool MainWindow::writeProgram(const std::string& path, std::string& error) {
   return true;
 }
 
-} // namespace zvhost
-
-namespace zvhost {
-
 SimulationRecorder& MainWindow::recorder(zv::ComponentObject* c) {
   SimulationRecorder* ofScript = runner_ ? runner_->recorderOf(c) : nullptr;
   return ofScript ? *ofScript : recorders_[c];

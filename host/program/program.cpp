@@ -119,6 +119,16 @@ std::string at(const std::string& where) {
   return where.empty() ? "" : " (" + where + ")";
 }
 
+// A prescaler outside the table is filled in as clk / 1 while the panel
+// divides by it: the chip would do something else.
+void requireClockSource(const Settings& s, const std::string& where) {
+  for (int32_t known : {-1, 1, 8, 64, 256, 1024, -2, -3})
+    if (s.prescaler == known)
+      return;
+  throw Refused("the prescaler is " + std::to_string(s.prescaler) + at(where) +
+                ", which is no clock source of Timer1");
+}
+
 // The macros called, in the order of first call, and the lines of main that call them.
 class Calls {
 public:
@@ -148,6 +158,7 @@ public:
 
   // A change of period or clock source made outside the macros, as the period macro.
   void change(const SettingsChange& s) {
+    requireClockSource(s.after, s.where);
     if (s.after.altPin != s.before.altPin || s.after.hertz != s.before.hertz)
       throw Refused("the " +
                     std::string(s.after.altPin != s.before.altPin ? "alternative pin" : "clock") +
@@ -201,6 +212,7 @@ std::string program(zv::ComponentObject& c, const Simulation& sim) {
   if (!now)
     throw Refused("MacroCodeOverride failed");
   const Settings& start = *now;
+  requireClockSource(start, "");
   Calls calls(c);
   size_t count = 0;
   for (const SimulationStep& step : sim.steps) {
@@ -242,11 +254,12 @@ std::optional<Settings> settingsOf(zv::ComponentObject& component) {
   const std::vector<std::string> fields = split(text);
   if (fields.size() != 3)
     return std::nullopt;
-  Settings s{fields[0], fields[1], fields[2], 0};
+  Settings s{fields[0], fields[1], fields[2]};
   try {
     s.hertz = zv::toI4(component.publicInterface().getProperty("ClockSpeed"));
+    s.prescaler = zv::toI4(component.publicInterface().getProperty("Prescaler"));
   } catch (const zv::RuntimeError&) {
-    // a component without the property: the program names no clock
+    // a component without these properties: the program names no clock
   }
   return s;
 }

@@ -30,10 +30,11 @@ struct MacroCall {
 
 // The settings a program is made from: what the component fills in for "%a"
 // (period register), "%b" (clock source code) and "%d" (alternative pin),
-// and its clock in hertz.
+// its clock in hertz, and its Prescaler property.
 struct Settings {
   std::string pr2, clockSource, altPin;
   int32_t hertz = 0;
+  int32_t prescaler = 1;
   bool operator==(const Settings&) const = default;
 };
 

@@ -80,6 +80,9 @@ TEST(Program, ReplaysSettingsChangedDuringTheRun) {
        "the clock changed while the simulation ran (line 7): one program cannot change it while it "
        "runs",
        false},
+      {{"199", "1", "0", 16000000, 3},
+       "the prescaler is 3 (line 7), which is no clock source of Timer1",
+       false},
       {with("300", "2", "0", 16000000),
        "the period register became 300 while the simulation ran (line 7): the period macro takes "
        "0 to 255",
