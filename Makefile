@@ -3,10 +3,12 @@ SHELL := /bin/bash
 PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev \
 	nlohmann-json3-dev qt6-base-dev libgl-dev fp-utils clang-format \
 	gcc-avr avr-libc binutils-avr simavr libsimavr-dev libelf-dev \
-	clang libclang-rt-14-dev wine64 g++-mingw-w64-x86-64
+	clang libclang-rt-14-dev wine64 g++-mingw-w64-x86-64 \
+	dpkg-dev lintian debootstrap
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
-.PHONY: deps build test test-default test-asan demo bench format clean fuzz fuzz-smoke fuzz-build fuzz-run
+.PHONY: deps build test test-default test-asan demo bench format clean fuzz fuzz-smoke fuzz-build fuzz-run \
+	package install-test
 
 deps:
 	@missing=""; for p in $(PACKAGES); do \
@@ -55,6 +57,14 @@ fuzz-run:
 	    -print_final_stats=0 -artifact_prefix=build-fuzz/crashes/$$t- \
 	    build-fuzz/corpus/$$t fuzz/corpus/$$t 2>build-fuzz/$$t.log || { tail -40 build-fuzz/$$t.log; exit 1; }; \
 	done
+
+# Debian packages in build/package; install-test puts the main one on a fresh
+# Debian 12 chroot (root; the base system is kept in ~/.cache/zelvor-install-test).
+package: build
+	cd build && cpack
+
+install-test: package
+	$(SUDO) bash tests/install/clean_machine_test.sh build/package/zelvor-avr-pwm_*_amd64.deb
 
 demo: build
 	./examples/run-demo.sh

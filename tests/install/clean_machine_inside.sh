@@ -5,10 +5,13 @@ deb=$1
 apt-get update -qq
 step() { echo "== $*"; }
 
-# The first install brings the dependencies (and the recommended AVR toolchain);
-# purged again, it leaves the system against which the second one is compared.
+# The first install brings the package's dependencies and what it recommends (the
+# AVR toolchain), but nothing that those only recommend; purged again, it leaves
+# the system against which the second one is compared.
 step "install with apt"
-apt-get install -y -qq "$deb" >/tmp/apt.log || { cat /tmp/apt.log; exit 1; }
+recommends=$(dpkg-deb -f "$deb" Recommends | tr -d ,)
+apt-get install -y -qq --no-install-recommends "$deb" $recommends >/tmp/apt.log ||
+  { cat /tmp/apt.log; exit 1; }
 apt-get purge -y -qq zelvor-avr-pwm >>/tmp/apt.log
 useradd --create-home tester
 snapshot() {
@@ -16,7 +19,7 @@ snapshot() {
     -o -path /var/lib/dpkg -o -path /var/log -o -path /var/cache/debconf \) -prune -o -print | sort
 }
 snapshot >/tmp/before
-apt-get install -y -qq "$deb" >>/tmp/apt.log
+apt-get install -y -qq --no-install-recommends "$deb" >>/tmp/apt.log
 
 step "the installed host runs every installed example"
 work=/tmp/work
@@ -38,7 +41,7 @@ cat measured.json
 [ "$(grep -c '"period"' measured.json)" -ge 2 ]
 
 step "the desktop starts off screen with the plug-in"
-as_tester env QT_QPA_PLATFORM=offscreen zelvor-host gui >gui.log 2>&1 &
+runuser -u tester -- env HOME=$work QT_QPA_PLATFORM=offscreen zelvor-host gui >gui.log 2>&1 &
 gui=$!
 # The host itself runs under runuser: find it by the plug-in and Qt it mapped.
 host=""
@@ -58,4 +61,5 @@ step "purge leaves nothing behind"
 cd /
 apt-get purge -y -qq zelvor-avr-pwm >>/tmp/apt.log
 snapshot >/tmp/after
-diff /tmp/before /tmp/after && echo "nothing left behind"
+diff /tmp/before /tmp/after
+echo "nothing left behind"

@@ -24,13 +24,14 @@ trap cleanup EXIT
 if [ ! -f "$cache/bookworm.tar" ]; then
   echo "making the base system (once)"
   debootstrap --variant=minbase --cache-dir="$cache/archives" bookworm "$root" "$mirror" >"$cache/debootstrap.log"
-  tar -C "$root" -cf "$cache/bookworm.tar.part" . && mv "$cache/bookworm.tar.part" "$cache/bookworm.tar"
+  tar -C "$root" --exclude="./var/cache/apt/archives/*.deb" -cf "$cache/bookworm.tar.part" . && mv "$cache/bookworm.tar.part" "$cache/bookworm.tar"
 else
   tar -C "$root" -xf "$cache/bookworm.tar"
 fi
 cp /etc/resolv.conf "$root/etc/resolv.conf"
 mount -t proc proc "$root/proc"
 mount --bind /dev "$root/dev"
+mount --bind /dev/pts "$root/dev/pts"
 mount --bind "$cache/archives" "$root/var/cache/apt/archives"
 cp "$deb" "$root/tmp/package.deb"
 cp "$(dirname "$0")/clean_machine_inside.sh" "$root/tmp/inside.sh"
