@@ -4,11 +4,11 @@ PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchm
 	nlohmann-json3-dev qt6-base-dev libgl-dev fp-utils clang-format \
 	gcc-avr avr-libc binutils-avr simavr libsimavr-dev libelf-dev \
 	clang libclang-rt-14-dev wine64 g++-mingw-w64-x86-64 \
-	dpkg-dev lintian debootstrap
+	dpkg-dev lintian debootstrap nsis
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
 .PHONY: deps build test test-default test-asan demo bench format clean fuzz fuzz-smoke fuzz-build fuzz-run \
-	package install-test
+	package install-test installer installer-test
 
 deps:
 	@missing=""; for p in $(PACKAGES); do \
@@ -24,7 +24,8 @@ build: deps
 	cmake --preset default >/dev/null
 	cmake --build --preset default
 
-test: test-default test-asan fuzz-smoke
+# The Windows installer is tried once the tree builds the Windows library.
+test: test-default test-asan fuzz-smoke install-test $(if $(wildcard com/CMakeLists.txt),installer-test)
 
 test-default: build
 	ctest --preset default
@@ -65,6 +66,20 @@ package: build
 
 install-test: package
 	$(SUDO) bash tests/install/clean_machine_test.sh build/package/zelvor-avr-pwm_*_amd64.deb
+
+# The Windows installer (NSIS) of the control the windows preset builds, and its
+# trial under Wine: build-windows/Zelvor_AVR_PWM-<version>-win64.exe
+VERSION := $(shell sed -n 's/^project(.* VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+INSTALLER := build-windows/Zelvor_AVR_PWM-$(VERSION)-win64.exe
+
+installer: deps
+	cmake --preset windows >/dev/null
+	cmake --build --preset windows
+	makensis -V2 -WX -DVERSION=$(VERSION) -DFILES=build-windows/bin -DOUTFILE=$(INSTALLER) \
+	  packaging/windows/AVR_PWM.nsi
+
+installer-test: installer
+	bash tests/install/windows_installer_test.sh $(INSTALLER)
 
 demo: build
 	./examples/run-demo.sh
