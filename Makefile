@@ -69,7 +69,7 @@ install-test: package
 
 # The Windows installer (NSIS) of the control the windows preset builds, and its
 # trial under Wine: build-windows/Zelvor_AVR_PWM-<version>-win64.exe
-VERSION := $(shell sed -n 's/^project(.* VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+VERSION := $(shell awk '/^project/ { for (i = 1; i < NF; i++) if ($$i == "VERSION") print $$(i + 1) }' CMakeLists.txt)
 INSTALLER := build-windows/Zelvor_AVR_PWM-$(VERSION)-win64.exe
 
 installer: deps
