@@ -62,6 +62,7 @@ fuzz-run:
 # Debian packages in build/package; install-test puts the main one on a fresh
 # Debian 12 chroot (root; the base system is kept in ~/.cache/zelvor-install-test).
 package: build
+	if cmake --build build --target help | grep -c '^api-docs:' >/dev/null; then cmake --build build --target api-docs; fi
 	cd build && cpack
 
 install-test: package
@@ -75,7 +76,7 @@ INSTALLER := build-windows/Zelvor_AVR_PWM-$(VERSION)-win64.exe
 installer: deps
 	cmake --preset windows >/dev/null
 	cmake --build --preset windows
-	makensis -V2 -WX -DVERSION=$(VERSION) -DFILES=build-windows/bin -DOUTFILE=$(INSTALLER) \
+	makensis -V2 -WX -DVERSION=$(VERSION) -DFILES=$(CURDIR)/build-windows/bin -DOUTFILE=$(CURDIR)/$(INSTALLER) \
 	  packaging/windows/AVR_PWM.nsi
 
 installer-test: installer

@@ -11,6 +11,7 @@ deb=$(realpath "$1")
 cache=${ZV_CHROOT_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/zelvor-install-test}
 mirror=${ZV_MIRROR:-http://deb.debian.org/debian}
 root=$(mktemp -d "${TMPDIR:-/tmp}/zelvor-chroot.XXXXXX")
+chmod 755 "$root"
 mkdir -p "$cache/archives"
 
 cleanup() {
