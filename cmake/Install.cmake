@@ -58,6 +58,9 @@ install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/docs/script-
   DESTINATION ${ZV_DOC_DIR} COMPONENT runtime)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/help/ DESTINATION ${ZV_DOC_DIR}/help
   COMPONENT runtime FILES_MATCHING PATTERN "*.html")
+# Debian's registration of those pages; it names them under /usr, the package's prefix.
+install(FILES ${PROJECT_SOURCE_DIR}/packaging/debian/zelvor-avr-pwm-help.doc-base
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/doc-base RENAME zelvor-avr-pwm-help COMPONENT runtime)
 # The API reference, where the build makes one.
 if(TARGET api-docs)
   install(DIRECTORY ${CMAKE_BINARY_DIR}/docs/api/html/ DESTINATION ${ZV_DEV_DOC_DIR}/api
