@@ -1,7 +1,5 @@
 #include "invoke.h"
 
-#include <memory>
-
 #include "convert.h"
 #include "failure.h"
 #include "platform/errors.h"
@@ -83,16 +81,34 @@ HRESULT invoke(const InterfaceInfo& info, void* instance, DISPID id, WORD flags,
   // One holder per parameter, each a VARIANT of the parameter's type; a
   // by-reference parameter is handed a pointer into its holder.
   const UINT total = static_cast<UINT>(member->params.size());
-  std::unique_ptr<ScopedVariant[]> holders(new ScopedVariant[total]);
+  struct Holders {
+    VARIANT v[kMaxParameters];
+    UINT n;
+    explicit Holders(UINT count) : n(count) {
+      for (UINT i = 0; i < n; ++i)
+        VariantInit(&v[i]);
+    }
+    ~Holders() {
+      for (UINT i = 0; i < n; ++i)
+        VariantClear(&v[i]);
+    }
+    VARIANT& operator[](UINT i) { return v[i]; }
+  } holders(total);
+  bool lent[kMaxParameters] = {};
   VARIANT refs[kMaxParameters];
   VARIANTARG* args[kMaxParameters];
   VARTYPE types[kMaxParameters];
   for (UINT i = 0; i < total; ++i) {
     const Parameter& p = member->params[i];
-    VARIANT& holder = holders[i].v;
+    VARIANT& holder = holders[i];
     if (p.retval) {
       if (p.vt != VT_VARIANT)
         holder.vt = p.vt;
+    } else if (p.vt == VT_VARIANT && !p.byRef) {
+      // Lent as it is: the operation reads a by-value Variant (and checks it) without
+      // changing it, so no copy is made.
+      holder = dereferenced(params->rgvarg[count - 1 - i]);
+      lent[i] = true;
     } else if (HRESULT hr = load(params->rgvarg[count - 1 - i], p.vt, holder); FAILED(hr)) {
       if (argError)
         *argError = count - 1 - i;
@@ -107,7 +123,7 @@ HRESULT invoke(const InterfaceInfo& info, void* instance, DISPID id, WORD flags,
     } else {
       args[i] = &holder;
     }
-    types[i] = args[i]->vt;
+    types[i] = p.byRef ? static_cast<VARTYPE>(VT_BYREF | p.vt) : p.vt;
   }
 
   ScopedVariant returned;
@@ -116,12 +132,15 @@ HRESULT invoke(const InterfaceInfo& info, void* instance, DISPID id, WORD flags,
                             args, &returned.v);
   if (SUCCEEDED(hr))
     hr = returned.v.scode;
+  for (UINT i = 0; i < total; ++i)
+    if (lent[i])
+      VariantInit(&holders[i]);
 
   // In/out results go back to the caller's variables, after a failure too:
   // what the operation wrote before it failed stays.
   for (UINT i = 0; i < count; ++i)
     if (member->params[i].byRef) {
-      const HRESULT written = writeBack(params->rgvarg[count - 1 - i], holders[i].v);
+      const HRESULT written = writeBack(params->rgvarg[count - 1 - i], holders[i]);
       if (FAILED(written) && SUCCEEDED(hr)) {
         if (argError)
           *argError = count - 1 - i;
@@ -134,8 +153,8 @@ HRESULT invoke(const InterfaceInfo& info, void* instance, DISPID id, WORD flags,
   }
   if (result && total > count) {
     VariantInit(result);
-    *result = holders[total - 1].v;
-    holders[total - 1].v.vt = VT_EMPTY;
+    *result = holders[total - 1];
+    holders[total - 1].vt = VT_EMPTY;
   }
   return S_OK;
 }
