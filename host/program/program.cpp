@@ -132,7 +132,7 @@ void requireClockSource(const Settings& s, const std::string& where) {
 // The macros called, in the order of first call, and the lines of main that call them.
 class Calls {
 public:
-  Calls(zv::ComponentObject& c) : c_(c) {
+  explicit Calls(zv::ComponentObject& c) : c_(c) {
     zv::Variant names;
     check(c.get_MacroNames(names), "MacroNames");
     names_ = strings(names, "MacroNames");
