@@ -26,4 +26,12 @@ double pixelsPerTwip(HWND window) {
   return (dpi > 0 ? dpi : 96) / 1440.0;
 }
 
+HINSTANCE thisModule() {
+  HMODULE module = nullptr;
+  GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
+                         GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                     reinterpret_cast<LPCWSTR>(&thisModule), &module);
+  return module;
+}
+
 } // namespace zvwin

@@ -45,4 +45,7 @@ template <class Action> void runUserAction(Action&& action) noexcept {
 // Pixels per twip at a window's DPI.
 double pixelsPerTwip(HWND window);
 
+// The module these views are linked into, where their window classes live.
+HINSTANCE thisModule();
+
 } // namespace zvwin

@@ -9,14 +9,6 @@ namespace {
 constexpr wchar_t kClass[] = L"ZelvorPwmPage";
 constexpr int kFirstId = 1000;
 
-HINSTANCE thisModule() {
-  HMODULE module = nullptr;
-  GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
-                         GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                     reinterpret_cast<LPCWSTR>(&thisModule), &module);
-  return module;
-}
-
 // A control's place on the page: its parents' corners added to its own.
 RECT placeOf(const zv::Control& control, double scale) {
   double left = control.Left(), top = control.Top();

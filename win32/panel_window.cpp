@@ -8,14 +8,6 @@ namespace zvwin {
 
 namespace {
 constexpr wchar_t kClass[] = L"ZelvorPwmPanel";
-
-HINSTANCE thisModule() {
-  HMODULE module = nullptr;
-  GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
-                         GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                     reinterpret_cast<LPCWSTR>(&thisModule), &module);
-  return module;
-}
 } // namespace
 
 PanelWindow::PanelWindow(zv::UserControlSurface& surface, std::vector<zv::Control*> controls)

@@ -39,6 +39,13 @@ HRESULT writeOut(PwmObject& object, zv::PropertyBag& bag) {
                      [&] { return object.component().WriteProperties(bag); });
 }
 
+// What a save to a stream writes.
+HRESULT streamBytes(PwmObject& object, std::string& bytes) {
+  zv::PropertyBag saved;
+  const HRESULT hr = writeOut(object, saved);
+  return FAILED(hr) ? hr : encodeBag(saved, bytes) ? S_OK : E_UNEXPECTED;
+}
+
 } // namespace
 
 HRESULT OleControl::GetClassID(CLSID* clsid) {
@@ -133,13 +140,10 @@ HRESULT OleControl::Load(IStream* stream) {
 HRESULT OleControl::Save(IStream* stream, BOOL) {
   if (!stream)
     return E_POINTER;
-  zv::PropertyBag saved;
   std::string bytes;
-  HRESULT hr = writeOut(object_, saved);
+  HRESULT hr = streamBytes(object_, bytes);
   if (FAILED(hr))
     return hr;
-  if (!encodeBag(saved, bytes))
-    return E_UNEXPECTED;
   ULONG written = 0;
   hr = stream->Write(bytes.data(), static_cast<ULONG>(bytes.size()), &written);
   return FAILED(hr) ? hr : written == bytes.size() ? S_OK : STG_E_WRITEFAULT;
@@ -148,15 +152,11 @@ HRESULT OleControl::Save(IStream* stream, BOOL) {
 HRESULT OleControl::GetSizeMax(ULARGE_INTEGER* size) {
   if (!size)
     return E_POINTER;
-  zv::PropertyBag saved;
   std::string bytes;
-  HRESULT hr = writeOut(object_, saved);
-  if (FAILED(hr))
-    return hr;
-  if (!encodeBag(saved, bytes))
-    return E_UNEXPECTED;
-  size->QuadPart = bytes.size();
-  return S_OK;
+  const HRESULT hr = streamBytes(object_, bytes);
+  if (SUCCEEDED(hr))
+    size->QuadPart = bytes.size();
+  return hr;
 }
 
 } // namespace zvcom
