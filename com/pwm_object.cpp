@@ -48,6 +48,10 @@ HRESULT PwmObject::create(REFIID iid, void** out) {
 }
 
 HRESULT PwmObject::restart(const std::string& folder, const std::string& baseName) {
+  // An active control's window shows the current component's controls.
+  HWND window = nullptr;
+  if (SUCCEEDED(control_.GetWindow(&window)))
+    return E_UNEXPECTED;
   std::unique_ptr<zv::ComponentObject, Destroy> made;
   const HRESULT hr = call(IID__PWM, [&] {
     zv::Status status;
@@ -73,6 +77,8 @@ HRESULT PwmObject::QueryInterface(REFIID iid, void** out) {
     *out = static_cast<ISupportErrorInfo*>(this);
   else if (IsEqualIID(iid, IID_IOleObject))
     *out = static_cast<IOleObject*>(this);
+  else if (void* face = control_.face(iid)) // the OLE control's other faces
+    *out = face;
   else
     return queryDiagnostics(*this, iid, out);
   AddRef();
@@ -86,6 +92,7 @@ ULONG PwmObject::AddRef() {
 ULONG PwmObject::Release() {
   const ULONG left = --references_;
   if (left == 0) {
+    control_.InPlaceDeactivate(); // its window shows the component's controls
     {
       MessageBoxScope scope(boxes_);
       component_.reset();

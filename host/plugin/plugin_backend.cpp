@@ -126,9 +126,9 @@ std::unique_ptr<PageHandle> PluginBackend::createPage(zv::Status& status) {
   return std::make_unique<PluginPage>(std::move(made));
 }
 
-bool PluginBackend::render(ComponentHandle& component, const std::string& path,
+bool PluginBackend::render(ComponentHandle& component, const std::string& path, double scale,
                            std::string& error) {
-  return renderPanel(static_cast<PluginComponent&>(component).object(), path, error);
+  return renderPanel(static_cast<PluginComponent&>(component).object(), path, error, scale);
 }
 
 } // namespace zvhost

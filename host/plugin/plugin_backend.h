@@ -27,6 +27,7 @@ public:
   PanelView panel() override;
   std::optional<CanvasView> canvas(int index,
                                    const std::optional<std::pair<float, float>>& size) override;
+  zv::ComponentObject* inProcess() override { return object_.get(); }
 
 private:
   Plugin::ComponentPtr object_;
@@ -40,7 +41,8 @@ public:
                                                    const std::string& baseName,
                                                    zv::Status& status) override;
   std::unique_ptr<PageHandle> createPage(zv::Status& status) override;
-  bool render(ComponentHandle& component, const std::string& path, std::string& error) override;
+  bool render(ComponentHandle& component, const std::string& path, double scale,
+              std::string& error) override;
 
 private:
   const Plugin& plugin_;

@@ -19,6 +19,7 @@
 #include "platform/controls/canvas.h"
 #include "platform/field_tree.h"
 #include "platform/propbag.h"
+#include "zelvor/objects.h"
 #include "zelvor/status.h"
 
 namespace zvhost {
@@ -90,6 +91,9 @@ public:
   // size, its inner area is first made that size.
   virtual std::optional<CanvasView> canvas(int index,
                                            const std::optional<std::pair<float, float>>& size) = 0;
+
+  // The component object itself when it lives in this process, else nullptr.
+  virtual zv::ComponentObject* inProcess() { return nullptr; }
 };
 
 // The property page. Edits run the control's notifications nested, as a
@@ -118,9 +122,10 @@ public:
   virtual std::unique_ptr<ComponentHandle>
   createComponent(const std::string& folder, const std::string& baseName, zv::Status& status) = 0;
   virtual std::unique_ptr<PageHandle> createPage(zv::Status& status) = 0;
-  // The panel as a picture (SVG or PNG by the extension); false with error
-  // filled when it can't be made.
-  virtual bool render(ComponentHandle& component, const std::string& path, std::string& error) = 0;
+  // The panel as a picture (SVG or PNG by the extension), scale times its
+  // size; false with error filled when it can't be made.
+  virtual bool render(ComponentHandle& component, const std::string& path, double scale,
+                      std::string& error) = 0;
 };
 
 } // namespace zvhost

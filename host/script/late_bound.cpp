@@ -111,4 +111,14 @@ zv::Status LateBoundComponent::MacroCodeOverride(std::string& pVal) {
   return status;
 }
 
+ProgramSource LateBoundComponent::source() {
+  return {*this, [this](const std::string& name) {
+            zv::Variant value;
+            const zv::Status status = handle_.publicGet(name, value);
+            if (!status.ok())
+              throw zv::RuntimeError(status.number, status.description);
+            return value;
+          }};
+}
+
 } // namespace zvhost

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "backend.h"
+#include "host/program/program.h"
 #include "zelvor/izelvor.h"
 
 namespace zvhost {
@@ -11,6 +12,10 @@ namespace zvhost {
 class LateBoundComponent : public zv::IZelvorComponentV4 {
 public:
   explicit LateBoundComponent(ComponentHandle& handle) : handle_(handle) {}
+
+  // The component as programs are made from it; its public properties are
+  // read by name through the handle.
+  ProgramSource source();
 
   zv::Status get_MultipleAllowed(int32_t& r) override { return get("MultipleAllowed", {}, r); }
   zv::Status get_MacroNames(zv::Variant& r) override { return get("MacroNames", {}, r); }

@@ -40,7 +40,7 @@ TEST(LateBoundComponent, generates_the_program_that_the_object_itself_gives) {
   }
   std::string direct, named, error;
   ASSERT_TRUE(zvhost::generateProgram(handle.object(), calls, direct, error)) << error;
-  ASSERT_TRUE(zvhost::generateProgram(late, calls, named, error)) << error;
+  ASSERT_TRUE(zvhost::generateProgram(late.source(), calls, named, error)) << error;
   EXPECT_EQ(direct, named);
   EXPECT_NE(direct.find("int main(void)"), std::string::npos);
 }

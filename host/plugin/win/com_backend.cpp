@@ -396,7 +396,7 @@ std::unique_ptr<PageHandle> ComBackend::createPage(zv::Status& status) {
   return std::make_unique<ComPage>(std::move(page));
 }
 
-bool ComBackend::render(ComponentHandle&, const std::string&, std::string& error) {
+bool ComBackend::render(ComponentHandle&, const std::string&, double, std::string& error) {
   error = "this host draws no pictures";
   return false;
 }

@@ -24,7 +24,8 @@ public:
                                                    const std::string& baseName,
                                                    zv::Status& status) override;
   std::unique_ptr<PageHandle> createPage(zv::Status& status) override;
-  bool render(ComponentHandle& component, const std::string& path, std::string& error) override;
+  bool render(ComponentHandle& component, const std::string& path, double scale,
+              std::string& error) override;
 
 private:
   ComSite* site_;
