@@ -15,21 +15,6 @@ int16_t sign(bool b) {
   return b ? -1 : 0;
 }
 
-// One UTF-8 character at a time, so that typing makes one change per character.
-size_t characterLength(const std::string& text, size_t at) {
-  size_t len = 1;
-  while (at + len < text.size() && (static_cast<unsigned char>(text[at + len]) & 0xC0) == 0x80)
-    ++len;
-  return len;
-}
-
-void dropLastCharacter(std::string& text) {
-  size_t end = text.size();
-  while (end > 0 && (static_cast<unsigned char>(text[end - 1]) & 0xC0) == 0x80)
-    --end;
-  text.resize(end > 0 ? end - 1 : 0);
-}
-
 template <class T> T& controlOf(zv::PageObject& page, const std::string& name, const char* what) {
   zv::Control* c = page.control(name);
   if (!c)
@@ -51,13 +36,13 @@ int intValue(const zv::Variant& v) {
 Json controlJson(const zv::Control& c) {
   Json j = Json::object();
   if (auto* t = dynamic_cast<const zv::TextBox*>(&c))
-    j["text"] = t->Text();
+    j["text"] = textJson(t->Text());
   if (auto* l = dynamic_cast<const zv::Label*>(&c))
-    j["caption"] = l->Caption();
+    j["caption"] = textJson(l->Caption());
   if (auto* f = dynamic_cast<const zv::Frame*>(&c))
-    j["caption"] = f->Caption();
+    j["caption"] = textJson(f->Caption());
   if (auto* k = dynamic_cast<const zv::CheckBox*>(&c)) {
-    j["caption"] = k->Caption();
+    j["caption"] = textJson(k->Caption());
     j["value"] = k->Value();
   }
   if (auto* s = dynamic_cast<const zv::ScrollBar*>(&c)) {
@@ -67,7 +52,10 @@ Json controlJson(const zv::Control& c) {
   }
   if (auto* b = dynamic_cast<const zv::ComboBox*>(&c)) {
     j["listIndex"] = b->ListIndex();
-    j["items"] = b->items();
+    Json items = Json::array();
+    for (const std::string& item : b->items())
+      items.push_back(textJson(item));
+    j["items"] = std::move(items);
   }
   j["enabled"] = sign(c.Enabled());
   return j;
@@ -170,12 +158,9 @@ Runner::Reply Runner::pageCommand(LineScanner& scan) {
     if (text.type() != zv::VarType::BSTR || text.isArray())
       throw ScriptError("page type takes a string");
     zv::TextBox& box = controlOf<zv::TextBox>(page, name, "text box");
-    const std::string& typed = text.rawStr();
-    for (size_t at = 0; at < typed.size();) {
-      const size_t len = characterLength(typed, at);
-      box.setText(box.Text() + typed.substr(at, len));
-      at += len;
-    }
+    // Windows-1252: one byte is one character.
+    for (char c : text.rawStr())
+      box.setText(box.Text() + c);
     return r;
   }
   if (verb == "backspace") {
@@ -186,7 +171,7 @@ Runner::Reply Runner::pageCommand(LineScanner& scan) {
     zv::TextBox& box = controlOf<zv::TextBox>(page, name, "text box");
     for (int i = 0; i < count && !box.Text().empty(); ++i) {
       std::string text = box.Text();
-      dropLastCharacter(text);
+      text.pop_back();
       box.setText(text);
     }
     return r;

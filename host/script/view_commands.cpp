@@ -59,7 +59,7 @@ Runner::Reply Runner::panel() {
     Json one;
     one["visible"] = sign(control->Visible());
     if (auto* label = dynamic_cast<zv::Label*>(control))
-      one["caption"] = label->Caption();
+      one["caption"] = textJson(label->Caption());
     controls[control->name()] = std::move(one);
   }
   j["controls"] = std::move(controls);
@@ -77,6 +77,10 @@ Runner::Reply Runner::canvas(LineScanner& scan) {
     const float height = floatWord(scan.word());
     if (!scan.atEnd())
       throw ScriptError("unexpected argument: " + scan.rest());
+    // Larger than any screen, a canvas only multiplies what a plot draws on it.
+    constexpr float kMaxTwips = 100000;
+    if (!(width >= 0 && width <= kMaxTwips && height >= 0 && height <= kMaxTwips))
+      throw ScriptError("canvas size: width and height are 0 to 100000 twips");
     const float border = canvas.BorderWidth();
     canvas.Move(canvas.Left(), canvas.Top(), width + 2 * border, height + 2 * border);
   }

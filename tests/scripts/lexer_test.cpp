@@ -1,6 +1,7 @@
 // Script literals as the runner reads them, checked through their JSON form.
 #include <gtest/gtest.h>
 
+#include "host/script/json_in.h"
 #include "host/script/json_out.h"
 #include "host/script/lexer.h"
 
@@ -66,7 +67,7 @@ TEST(VariantJson, BagValuesReadBackAsWritten) {
       R"({"vt": "VARIANT[]", "lb": 0, "v": [{"vt": "I2", "v": 3}, {"vt": "EMPTY"}]})",
   };
   for (const char* text : values) {
-    const zvhost::Json j = zvhost::Json::parse(text);
+    const zvhost::Json j = zvhost::parseJson(text);
     EXPECT_EQ(zvhost::dumpJson(zvhost::variantJson(zvhost::variantFromJson(j))), text);
   }
   const char* bad[] = {R"({"v": 1})",
@@ -77,7 +78,7 @@ TEST(VariantJson, BagValuesReadBackAsWritten) {
                        R"({"vt": "X", "v": 1})",
                        R"({"vt": "VARIANT", "v": 1})"};
   for (const char* text : bad)
-    EXPECT_THROW(zvhost::variantFromJson(zvhost::Json::parse(text)), zvhost::ScriptError) << text;
+    EXPECT_THROW(zvhost::variantFromJson(zvhost::parseJson(text)), zvhost::ScriptError) << text;
 }
 
 } // namespace
