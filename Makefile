@@ -34,7 +34,8 @@ test-asan: deps
 
 # Fuzz targets (libFuzzer, sanitizers): fuzz-smoke runs each for a few seconds,
 # fuzz for FUZZ_SECONDS each. Found inputs go to build-fuzz/, never to fuzz/corpus.
-FUZZ_TARGETS := profile block_reader placeholders property_bag sim_macro_call register_entry
+FUZZ_TARGETS := profile block_reader placeholders property_bag sim_macro_call register_entry \
+	script_lexer script_runner bag_json project
 FUZZ_SECONDS ?= 300
 
 fuzz-build: deps

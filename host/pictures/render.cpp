@@ -14,6 +14,8 @@
 #include <sstream>
 #include <vector>
 
+#include "platform/ansi_text.h"
+
 namespace zvhost {
 
 namespace {
@@ -49,8 +51,9 @@ struct Scene {
   std::vector<Shape> shapes;
 
   void add(Shape::Kind kind, double x1, double y1, double x2, double y2, Color color,
-           std::string text = {}) {
-    shapes.push_back({kind, x1, y1, x2, y2, color, std::move(text)});
+           std::string_view ansi = {}) {
+    // The component's text is Windows-1252; pictures hold UTF-8.
+    shapes.push_back({kind, x1, y1, x2, y2, color, zv::utf8FromAnsi(ansi)});
   }
 };
 

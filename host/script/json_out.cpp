@@ -13,6 +13,8 @@ namespace zvhost {
 namespace {
 
 std::string shortestDouble(double d) {
+  if (d == 0 && std::signbit(d))
+    return "-0.0"; // "-0" would read back as the integer 0
   char buf[64];
   auto r = std::to_chars(buf, buf + sizeof buf, d);
   return std::string(buf, r.ptr);

@@ -34,8 +34,9 @@ TEST(HostText, EveryByteRoundTripsAndOnlyWindows1252IsTaken) {
   EXPECT_TRUE(validUtf8(utf8));
   EXPECT_EQ(zvhost::ansiText(utf8), allBytes());
   EXPECT_EQ(zvhost::ansiText("Caf\xC3\xA9 \xE2\x82\xAC"), "Caf\xE9 \x80");
-  const char* refused[] = {"\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE9",
-                           "\xE2\x86\x92" /* U+2192 */, "\xC2\x80" /* U+0080 */};
+  const char* refused[] = {
+      "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE9", "\xE2\x86\x92" /* U+2192 */,
+      "\xC2\x80" /* U+0080 */};
   for (const char* text : refused)
     EXPECT_THROW(zvhost::ansiText(text), zvhost::ScriptError) << text;
 }
