@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "lexer.h"
 #include "platform/ansi_text.h"
 
 namespace zvhost {
