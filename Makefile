@@ -3,10 +3,12 @@ SHELL := /bin/bash
 PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev \
 	nlohmann-json3-dev qt6-base-dev libgl-dev fp-utils clang-format \
 	gcc-avr avr-libc binutils-avr simavr libsimavr-dev libelf-dev \
-	clang libclang-rt-14-dev wine64 g++-mingw-w64-x86-64
+	clang libclang-rt-14-dev wine64 g++-mingw-w64-x86-64 mingw-w64-tools \
+	dpkg-dev lintian debootstrap nsis
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
-.PHONY: deps build test test-default test-asan demo bench format clean fuzz fuzz-smoke fuzz-build fuzz-run
+.PHONY: deps build test test-default test-asan test-windows bench-windows demo bench format clean fuzz fuzz-smoke \
+	fuzz-build fuzz-run package install-test installer installer-test
 
 deps:
 	@missing=""; for p in $(PACKAGES); do \
@@ -22,7 +24,7 @@ build: deps
 	cmake --preset default >/dev/null
 	cmake --build --preset default
 
-test: test-default test-asan fuzz-smoke
+test: test-default test-asan fuzz-smoke test-windows install-test installer-test
 
 test-default: build
 	ctest --preset default
@@ -31,6 +33,22 @@ test-asan: deps
 	cmake --preset asan >/dev/null
 	cmake --build --preset asan
 	ctest --preset asan
+
+# The Windows in-process server (MinGW-w64), registered and driven under Wine
+# in a private prefix in build-windows/.
+test-windows: deps
+	cmake --preset windows >/dev/null
+	cmake --build --preset windows
+	ctest --preset windows
+
+bench-windows: deps
+	cmake --preset windows >/dev/null
+	cmake --build --preset windows --target com_bench
+	@set -e; export WINEPREFIX=$(CURDIR)/build-windows/wine-prefix WINEDEBUG=-all; unset DISPLAY; \
+	  wine=/usr/lib/wine/wine64; ocx="Z:$$(echo $(CURDIR)/build-windows/bin/AVR_PWM.ocx | tr / '\\')"; \
+	  $$wine regsvr32 /s "$$ocx"; \
+	  $$wine build-windows/bin/com_bench.exe "Z:$$(echo $(CURDIR)/devices/ATmega328P.zvd | tr / '\\')" | tr -d '\r'; \
+	  $$wine regsvr32 /s /u "$$ocx"; /usr/lib/wine/wineserver -k
 
 # Fuzz targets (libFuzzer, sanitizers): fuzz-smoke runs each for a few seconds,
 # fuzz for FUZZ_SECONDS each. Found inputs go to build-fuzz/, never to fuzz/corpus.
@@ -57,6 +75,29 @@ fuzz-run:
 	    build-fuzz/corpus/$$t fuzz/corpus/$$t 2>build-fuzz/$$t.log || { tail -40 build-fuzz/$$t.log; exit 1; }; \
 	done
 
+# Debian packages in build/package; install-test puts the main one on a fresh
+# Debian 12 chroot (root; the base system is kept in ~/.cache/zelvor-install-test).
+package: build
+	if cmake --build build --target help | grep -c '^api-docs:' >/dev/null; then cmake --build build --target api-docs; fi
+	cd build && cpack
+
+install-test: package
+	$(SUDO) bash tests/install/clean_machine_test.sh build/package/zelvor-avr-pwm_*_amd64.deb
+
+# The Windows installer (NSIS) of the control the windows preset builds, and its
+# trial under Wine: build-windows/Zelvor_AVR_PWM-<version>-win64.exe
+VERSION := $(shell awk '/^project/ { for (i = 1; i < NF; i++) if ($$i == "VERSION") print $$(i + 1) }' CMakeLists.txt)
+INSTALLER := build-windows/Zelvor_AVR_PWM-$(VERSION)-win64.exe
+
+installer: deps
+	cmake --preset windows >/dev/null
+	cmake --build --preset windows
+	makensis -V2 -WX -DVERSION=$(VERSION) -DFILES=$(CURDIR)/build-windows/bin -DOUTFILE=$(CURDIR)/$(INSTALLER) \
+	  packaging/windows/AVR_PWM.nsi
+
+installer-test: installer
+	bash tests/install/windows_installer_test.sh $(INSTALLER)
+
 demo: build
 	./examples/run-demo.sh
 
@@ -69,4 +110,4 @@ format:
 	find platform component qt host tools tests bench fuzz -name '*.cpp' -o -name '*.h' | xargs clang-format -i
 
 clean:
-	rm -rf build build-asan build-release build-fuzz out
+	rm -rf build build-asan build-release build-fuzz build-windows out
