@@ -39,10 +39,32 @@ TEST(ScriptLiteral, TypeFollowsSizeSuffixAndForm) {
 }
 
 TEST(ScriptLiteral, MalformedLiteralsAreScriptErrors) {
-  const char* bad[] = {"abc",    "Pic_Graph(0)", "-",   "1e",   "12abc",   "1.5%",     "1.5&",
-                       "40000%", "3000000000&",  "1%%", "\"ab", "\"\\q\"", "\"\\x4\"", "\"a\"b",
-                       "[1 2]",  "[1,",          "[",   "[1,]", "True",    "[,1]",
-                       "1e309",  "-1e309",       "1e-400", "1e39!", "[1, 1e309]", "\"\xE9\"",
+  const char* bad[] = {"abc",
+                       "Pic_Graph(0)",
+                       "-",
+                       "1e",
+                       "12abc",
+                       "1.5%",
+                       "1.5&",
+                       "40000%",
+                       "3000000000&",
+                       "1%%",
+                       "\"ab",
+                       "\"\\q\"",
+                       "\"\\x4\"",
+                       "\"a\"b",
+                       "[1 2]",
+                       "[1,",
+                       "[",
+                       "[1,]",
+                       "True",
+                       "[,1]",
+                       "1e309",
+                       "-1e309",
+                       "1e-400",
+                       "1e39!",
+                       "[1, 1e309]",
+                       "\"\xE9\"",
                        "\"\xE2\x86\x92\""};
   for (const char* literal : bad)
     EXPECT_THROW(zvhost::parseLiteral(literal), zvhost::ScriptError) << literal;
