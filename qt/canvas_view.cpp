@@ -30,12 +30,13 @@ Qt::PenStyle penStyle(int drawStyle) {
   }
 }
 
-// A line one of the painter's pixels wide, `scale` of the device's.
-QPen cosmeticPen(zv::Color color, int drawStyle, double scale) {
+// A line one of the painter's pixels wide, `scale` of the device's. An SVG's
+// lines widen with the picture as it is enlarged.
+QPen linePen(zv::Color color, int drawStyle, double scale, bool svg) {
   QPen pen(toQColor(color));
   pen.setStyle(penStyle(drawStyle));
-  pen.setCosmetic(true);
-  pen.setWidthF(scale);
+  pen.setCosmetic(!svg);
+  pen.setWidthF(svg ? 1 : scale);
   return pen;
 }
 
@@ -80,6 +81,7 @@ public:
     const QTransform& t = painter.deviceTransform();
     fill_ = t.type() <= QTransform::TxScale && t.m11() == t.m22() && t.m11() > 0;
     scale_ = fill_ ? t.m11() : 1;
+    svg_ = painter.paintEngine()->type() == QPaintEngine::SVG;
     dx_ = t.dx() / scale_;
     dy_ = t.dy() / scale_;
     whole_ = scale_ == 1 && dx_ == std::floor(dx_) && dy_ == std::floor(dy_);
@@ -109,7 +111,7 @@ public:
   void flush() {
     if (run_.empty())
       return;
-    painter_.setPen(cosmeticPen(color_, style_, scale_));
+    painter_.setPen(linePen(color_, style_, scale_, svg_));
     painter_.drawLines(run_.data(), static_cast<int>(run_.size()));
     run_.clear();
   }
@@ -162,6 +164,7 @@ private:
   QRect clip_;
   QRectF cut_;
   bool fill_ = false;
+  bool svg_ = false;
   bool whole_ = false;
   double scale_ = 1, dx_ = 0, dy_ = 0; // in the painter's pixels
   std::vector<QLineF> run_;

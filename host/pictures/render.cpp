@@ -5,7 +5,9 @@
 
 #include <QApplication>
 #include <QBuffer>
+#include <QFontInfo>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QSvgGenerator>
 #include <cerrno>
 #include <cmath>
@@ -75,7 +77,13 @@ std::string panelSvg(zv::ComponentObject& component, double scale) {
     QPainter painter(&svg);
     panel.render(&painter, QPoint(), QRegion(), kWhole);
   }
-  return buffer.data().toStdString();
+  // Qt names the font by its own alias of a face; viewers know the face and
+  // the generic family.
+  const QString face = QFontInfo(panel.font()).family().toHtmlEscaped();
+  return QString::fromUtf8(buffer.data())
+      .replace(QRegularExpression("font-family=\"[^\"]*\""),
+               "font-family=\"" + face + ", sans-serif\"")
+      .toStdString();
 }
 
 bool renderPanel(zv::ComponentObject& component, const std::string& path, std::string& error,
