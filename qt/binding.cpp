@@ -1,6 +1,7 @@
 #include "binding.h"
 
 #include <QPaintEngine>
+#include <QPainter>
 #include <QtGlobal>
 #include <utility>
 

@@ -6,7 +6,6 @@
 #pragma once
 
 #include <QFont>
-#include <QPainter>
 #include <QRect>
 #include <QWidget>
 #include <functional>
@@ -14,6 +13,8 @@
 
 #include "platform/controls/control.h"
 #include "platform/errors.h"
+
+class QPainter;
 
 namespace zvqt {
 
