@@ -1,6 +1,6 @@
-// What the desktop shows against the panel's pictures: the panel widget of a
-// component in simulation looks like the PNG the host renders of the same
-// state. The grabs are kept in the build folder to be looked at.
+// What the desktop shows against the panel's pictures: the host's PNG of a
+// component in simulation is its panel widget's grab. The grabs and pictures
+// are kept in the build folder to be looked at.
 #include <QDir>
 #include <QImage>
 #include <QLabel>
