@@ -96,10 +96,16 @@ Runner::Reply Runner::canvas(LineScanner& scan) {
 Runner::Reply Runner::render(LineScanner& scan) {
   zv::ComponentObject& c = component();
   const std::string path = scan.word();
-  if (!scan.atEnd())
-    throw ScriptError("unexpected argument: " + scan.rest());
+  double scale = 1;
+  if (!scan.atEnd()) {
+    if (scan.word() != "scale")
+      throw ScriptError("render FILE takes nothing or scale S");
+    scale = floatWord(scan.word());
+    if (!scan.atEnd())
+      throw ScriptError("unexpected argument: " + scan.rest());
+  }
   std::string error;
-  if (!renderPanel(c, path, error))
+  if (!renderPanel(c, path, error, scale))
     throw ScriptError("render " + path + ": " + error);
   return {};
 }
