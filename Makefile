@@ -1,10 +1,10 @@
 # make build | make test | make demo — each installs missing Debian packages first.
 SHELL := /bin/bash
 PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev \
-	nlohmann-json3-dev qt6-base-dev libgl-dev fp-utils clang-format \
-	gcc-avr avr-libc binutils-avr simavr libsimavr-dev libelf-dev \
+	nlohmann-json3-dev qt6-base-dev qt6-svg-dev libgl-dev fp-utils clang-format \
+	gcc-avr avr-libc binutils-avr simavr libsimavr-dev libelf-dev sigrok-cli \
 	clang libclang-rt-14-dev wine64 g++-mingw-w64-x86-64 mingw-w64-tools \
-	dpkg-dev lintian debootstrap nsis
+	dpkg-dev lintian debootstrap nsis xvfb
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
 .PHONY: deps build test test-default test-asan test-windows bench-windows demo bench format clean fuzz fuzz-smoke \
@@ -35,7 +35,7 @@ test-asan: deps
 	ctest --preset asan
 
 # The Windows in-process server (MinGW-w64), registered and driven under Wine
-# in a private prefix in build-windows/.
+# in a private prefix in build-windows/; the OLE control test on a virtual display (Xvfb).
 test-windows: deps
 	cmake --preset windows >/dev/null
 	cmake --build --preset windows

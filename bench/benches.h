@@ -20,6 +20,7 @@ void registerCodeGeneration();
 void registerPersistence();
 void registerBags(); // bag files of many keys through the host's JSON
 void registerPage();
+void registerVerify(); // verify on chip in the window, and avr-gcc + simavr alone
 
 // Registers a benchmark whose failures (a failed status, a missing file) end
 // it as skipped with the reason, instead of ending the run.

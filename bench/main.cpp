@@ -74,6 +74,7 @@ int main(int argc, char** argv) {
   zvbench::registerPersistence();
   zvbench::registerBags();
   zvbench::registerPage();
+  zvbench::registerVerify();
 
   zvbench::MedianReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
