@@ -14,6 +14,9 @@ if(TARGET pwm-measure)
 endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/devices/ DESTINATION ${CMAKE_INSTALL_DATADIR}/zelvor/devices
   COMPONENT runtime FILES_MATCHING PATTERN "*.zvd")
+# The help pages again as HTML, for the desktop window's help browser.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/help/ DESTINATION ${CMAKE_INSTALL_DATADIR}/zelvor/help
+  COMPONENT runtime FILES_MATCHING PATTERN "*.html")
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/zelvor/examples
   COMPONENT runtime)
 

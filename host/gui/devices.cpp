@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "platform/profile.h"
+
 namespace zvhost {
 
 namespace fs = std::filesystem;
@@ -33,6 +35,27 @@ std::vector<std::string> deviceFiles(const std::string& folder) {
       files.push_back(entry.path().string());
   std::sort(files.begin(), files.end());
   return files;
+}
+
+DeviceInfo readDevice(const std::string& path) {
+  DeviceInfo d;
+  zv::getPrivateProfileString("Device", "Name", "", d.name, 255, path);
+  if (d.name.empty())
+    d.name = fs::path(path).stem().string();
+  for (const char* pin : {"OC1A", "OC1B", "OC1C", "T1"}) {
+    std::string bit;
+    zv::getPrivateProfileString("Pins", pin, "", bit, 255, path);
+    if (!bit.empty())
+      d.pins.emplace_back(pin, bit);
+  }
+  return d;
+}
+
+std::string pinsText(const DeviceInfo& device) {
+  std::string text;
+  for (const auto& [pin, bit] : device.pins)
+    text += (text.empty() ? "" : ", ") + pin + " " + bit;
+  return text.empty() ? "no pins known" : text;
 }
 
 } // namespace zvhost

@@ -14,6 +14,7 @@ test -f "$scratch/root/usr/lib/zelvor/components/AVR_PWM.so"
 test -f "$scratch/root/usr/lib/zelvor/components/AVR_PWM.c"
 test -f "$scratch/root/usr/lib/zelvor/components/help/AVR_PWM.chm"
 test -d "$scratch/root/usr/share/zelvor/devices"
+test -f "$scratch/root/usr/share/zelvor/help/index.html"
 status=0
 for script in "$src"/examples/*.zsc; do
   case "$(basename "$script")" in demo.zsc) continue ;; esac
