@@ -56,7 +56,9 @@ CalcPane::CalcPane(QWidget* parent) : QWidget(parent) {
   value_->setValue(1000);
   wantRow->addWidget(want_);
   wantRow->addWidget(value_, 1);
-  form->addRow(tr("&Wanted:"), wantRow);
+  auto* wantLabel = new QLabel(tr("&Wanted:"), this);
+  wantLabel->setBuddy(value_);
+  form->addRow(wantLabel, wantRow);
   auto* dutyRow = new QHBoxLayout;
   dutyUnit_ = new QComboBox(this);
   dutyUnit_->addItems({tr("No duty"), tr("Duty (%)"), tr("High time (µs)")});
@@ -67,18 +69,23 @@ CalcPane::CalcPane(QWidget* parent) : QWidget(parent) {
   duty_->setEnabled(false);
   dutyRow->addWidget(dutyUnit_);
   dutyRow->addWidget(duty_, 1);
-  form->addRow(tr("D&uty:"), dutyRow);
+  auto* dutyLabel = new QLabel(tr("D&uty:"), this);
+  dutyLabel->setBuddy(duty_);
+  form->addRow(dutyLabel, dutyRow);
   layout->addLayout(form);
 
   table_ = new QTableWidget(0, 7, this);
-  table_->setHorizontalHeaderLabels({tr("Clock source"), tr("Period register"), tr("Period"),
-                                     tr("Frequency"), tr("Error"), tr("Duty register"),
-                                     tr("Duty")});
+  table_->setHorizontalHeaderLabels({tr("Clock source"), tr("Register"), tr("Period"),
+                                     tr("Frequency"), tr("Error"), tr("Duty"), tr("High")});
+  table_->horizontalHeaderItem(1)->setToolTip(tr("The period register"));
+  table_->horizontalHeaderItem(5)->setToolTip(tr("The duty register for the duty asked"));
+  table_->horizontalHeaderItem(6)->setToolTip(tr("What that duty gives"));
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
   table_->setSelectionMode(QAbstractItemView::SingleSelection);
   table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   table_->verticalHeader()->setVisible(false);
   table_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  table_->horizontalHeader()->setStretchLastSection(true);
   layout->addWidget(table_, 1);
 
   note_ = new QLabel(
@@ -166,7 +173,7 @@ void CalcPane::showSettings() {
     const int row = static_cast<int>(i);
     const QString error = std::fabs(s.errorPercent) < 5e-7
                               ? tr("exact")
-                              : QLocale::c().toString(s.errorPercent, 'f', 3) + " %";
+                              : QLocale::c().toString(s.errorPercent, 'f', 2) + " %";
     const QStringList cells = {clockSourceText(s.code),
                                QString::number(s.pr2),
                                periodText(s.periodUs),

@@ -107,6 +107,7 @@ MainWindow::MainWindow(const Plugin& plugin, const std::string& devicesFolder, Q
   };
   script_->onClose = [this] { closeScript(); };
   buildMenus();
+  statusBar()->showMessage(tr("Ready."));
   updateTitle();
 }
 

@@ -34,6 +34,7 @@ std::string shotDir() {
 }
 
 void shoot(QWidget& w, const char* name) {
+  QApplication::processEvents(); // layouts settle before the picture
   w.grab().save(QString::fromStdString(shotDir() + "/desktop-" + name + ".png"));
 }
 
