@@ -6,7 +6,12 @@
 
 #include "objects.h"
 
+#ifdef _WIN32
+// Inside the Windows library the COM adapter calls these; nothing exports them.
+#define ZV_EXPORT extern "C"
+#else
 #define ZV_EXPORT extern "C" __attribute__((visibility("default")))
+#endif
 
 // Creates a component (its start-up runs). folder and baseName may be null.
 // On a failed start-up answers nullptr and fills status.
