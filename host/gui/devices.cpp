@@ -10,19 +10,24 @@ namespace zvhost {
 
 namespace fs = std::filesystem;
 
-std::string devicesFolder(const std::string& exeDir) {
+std::string dataFolder(const std::string& exeDir, const std::string& installed,
+                       const std::string& inSources) {
   std::error_code ec;
-  // An installed host has its own devices; the build tree's come from the sources.
+  // An installed host has its own data; the build tree's comes from the sources.
   const fs::path candidates[] = {
-      fs::path(exeDir) / ".." / "share" / "zelvor" / "devices",
+      fs::path(exeDir) / ".." / "share" / "zelvor" / installed,
 #ifdef ZV_SOURCE_DIR
-      fs::path(ZV_SOURCE_DIR) / "devices",
+      fs::path(ZV_SOURCE_DIR) / inSources,
 #endif
   };
   for (const fs::path& folder : candidates)
     if (fs::is_directory(folder, ec))
       return folder.lexically_normal().string();
   return {};
+}
+
+std::string devicesFolder(const std::string& exeDir) {
+  return dataFolder(exeDir, "devices", "devices");
 }
 
 std::vector<std::string> deviceFiles(const std::string& folder) {

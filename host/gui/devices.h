@@ -8,6 +8,11 @@
 
 namespace zvhost {
 
+// A folder of the host's data: <exe dir>/../share/zelvor/<installed> when
+// installed, else <source dir>/<inSources>; empty when neither exists.
+std::string dataFolder(const std::string& exeDir, const std::string& installed,
+                       const std::string& inSources);
+
 // The devices folder: <source dir>/devices in a build tree, else
 // <exe dir>/../share/zelvor/devices when installed; empty when neither exists.
 std::string devicesFolder(const std::string& exeDir);

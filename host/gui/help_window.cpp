@@ -5,25 +5,13 @@
 #include <QPushButton>
 #include <QUrl>
 #include <QVBoxLayout>
-#include <filesystem>
-#include <system_error>
+
+#include "devices.h"
 
 namespace zvhost {
 
-namespace fs = std::filesystem;
-
 std::string helpFolder(const std::string& exeDir) {
-  std::error_code ec;
-  const fs::path candidates[] = {
-      fs::path(exeDir) / ".." / "share" / "zelvor" / "help",
-#ifdef ZV_SOURCE_DIR
-      fs::path(ZV_SOURCE_DIR) / "docs" / "help",
-#endif
-  };
-  for (const fs::path& folder : candidates)
-    if (fs::is_regular_file(folder / "index.html", ec))
-      return folder.lexically_normal().string();
-  return {};
+  return dataFolder(exeDir, "help", "docs/help");
 }
 
 HelpWindow::HelpWindow(const std::string& folder, QWidget* parent) : QDialog(parent) {
