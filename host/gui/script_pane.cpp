@@ -18,6 +18,17 @@ bool isCommand(const std::string& line) {
 }
 } // namespace
 
+bool scriptHasCommand(const std::string& path, const std::string& word) {
+  std::ifstream in(path);
+  for (std::string line; std::getline(in, line);) {
+    size_t first = line.find_first_not_of(" \t\r");
+    size_t end = first == std::string::npos ? first : line.find_first_of(" \t\r", first);
+    if (isCommand(line) && line.substr(first, end - first) == word)
+      return true;
+  }
+  return false;
+}
+
 ScriptPane::ScriptPane(QWidget* parent) : QWidget(parent) {
   auto* layout = new QVBoxLayout(this);
   auto* buttons = new QHBoxLayout;
@@ -83,17 +94,6 @@ void ScriptPane::clear() {
   title_->setText(tr("No script"));
   script_->clear();
   restart();
-}
-
-bool ScriptPane::hasCommand(const std::string& word) const {
-  for (const std::string& line : lines_) {
-    size_t first = line.find_first_not_of(" \t\r");
-    if (first != std::string::npos && line.compare(first, word.size(), word) == 0 &&
-        (first + word.size() == line.size() ||
-         std::string(" \t\r").find(line[first + word.size()]) != std::string::npos))
-      return true;
-  }
-  return false;
 }
 
 void ScriptPane::restart() {

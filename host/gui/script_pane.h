@@ -20,9 +20,6 @@ public:
 
   bool load(const std::string& path, std::string& error);
   void clear();
-  bool loaded() const { return !lines_.empty(); }
-  // The script's lines whose command is the given word ("create").
-  bool hasCommand(const std::string& word) const;
   QPushButton* stepButton() const { return step_; }
   QPlainTextEdit* scriptView() const { return script_; }
   // Carries out the next command (skipping blank and comment lines); false at the end.
@@ -50,5 +47,9 @@ private:
   QPlainTextEdit* script_;
   QPlainTextEdit* output_;
 };
+
+// Whether a line of the script file is the command word ("create"); false
+// when the file can't be read.
+bool scriptHasCommand(const std::string& path, const std::string& word);
 
 } // namespace zvhost

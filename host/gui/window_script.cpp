@@ -12,15 +12,8 @@
 namespace zvhost {
 
 bool MainWindow::openScript(const std::string& path) {
-  ScriptPane probe;
-  std::string error;
-  if (!probe.load(path, error)) {
-    statusBar()->showMessage(
-        tr("The script could not be read: %1.").arg(QString::fromStdString(path)));
-    return false;
-  }
   // The script's components are its own: say so before the panel changes hands.
-  if (own_ && probe.hasCommand("create") && path != scriptPath_) {
+  if (own_ && path != scriptPath_ && scriptHasCommand(path, "create")) {
     QMessageBox box(QMessageBox::Question, tr("Open script"),
                     tr("The script %1 creates components of its own. While it is open, the "
                        "panel, the Target box, the macros and the calculator show the "
@@ -32,7 +25,14 @@ bool MainWindow::openScript(const std::string& path) {
       return false;
   }
   dropScript();
-  script_->load(path, error);
+  std::string error;
+  if (!script_->load(path, error)) {
+    scriptPath_.clear();
+    statusBar()->showMessage(
+        tr("The script could not be read: %1.").arg(QString::fromStdString(path)));
+    showComponent();
+    return false;
+  }
   scriptPath_ = path;
   runner_ = std::make_unique<Runner>(plugin_);
   // The runner answers the boxes of its own commands; the user answers the rest.
