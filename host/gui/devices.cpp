@@ -15,7 +15,7 @@ std::string dataFolder(const std::string& exeDir, const std::string& installed,
   std::error_code ec;
   // An installed host has its own data; the build tree's comes from the sources.
   const fs::path candidates[] = {
-      fs::path(exeDir) / ".." / "share" / "zelvor" / installed,
+      fs::path(exeDir) / ".." / "share" / installed,
 #ifdef ZV_SOURCE_DIR
       fs::path(ZV_SOURCE_DIR) / inSources,
 #endif
@@ -27,7 +27,7 @@ std::string dataFolder(const std::string& exeDir, const std::string& installed,
 }
 
 std::string devicesFolder(const std::string& exeDir) {
-  return dataFolder(exeDir, "devices", "devices");
+  return dataFolder(exeDir, "zelvor/devices", "devices");
 }
 
 std::vector<std::string> deviceFiles(const std::string& folder) {

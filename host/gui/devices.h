@@ -8,8 +8,8 @@
 
 namespace zvhost {
 
-// A folder of the host's data: <exe dir>/../share/zelvor/<installed> when
-// installed, else <source dir>/<inSources>; empty when neither exists.
+// A folder of the host's data: <exe dir>/../share/<installed> when installed,
+// else <source dir>/<inSources>; empty when neither exists.
 std::string dataFolder(const std::string& exeDir, const std::string& installed,
                        const std::string& inSources);
 

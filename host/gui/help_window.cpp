@@ -11,7 +11,8 @@
 namespace zvhost {
 
 std::string helpFolder(const std::string& exeDir) {
-  return dataFolder(exeDir, "help", "docs/help");
+  // The package keeps the pages among its docs.
+  return dataFolder(exeDir, "doc/zelvor-avr-pwm/help", "docs/help");
 }
 
 HelpWindow::HelpWindow(const std::string& folder, QWidget* parent) : QDialog(parent) {

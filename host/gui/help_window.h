@@ -8,8 +8,8 @@
 
 namespace zvhost {
 
-// The folder of the help pages: <exe dir>/../share/zelvor/help when installed,
-// else the sources' docs/help; empty when neither exists.
+// The folder of the help pages: <exe dir>/../share/doc/zelvor-avr-pwm/help
+// when installed, else the sources' docs/help; empty when neither exists.
 std::string helpFolder(const std::string& exeDir);
 
 class HelpWindow : public QDialog {

@@ -63,7 +63,8 @@ MainWindow::MainWindow(const Plugin& plugin, const std::string& devicesFolder, Q
   panelArea_->setMinimumSize(200, 270);
   panelArea_->setAlignment(Qt::AlignCenter);
   leftLayout->addWidget(panelArea_, 1);
-  // Right under the panel is the place for views of what the panel plots.
+  traces_ = new TraceView(left);
+  leftLayout->addWidget(traces_);
   sim_ = new SimPane(deviceFiles(devicesFolder), left);
   leftLayout->addWidget(sim_);
   tabs_ = new QTabWidget(splitter);
@@ -85,8 +86,10 @@ MainWindow::MainWindow(const Plugin& plugin, const std::string& devicesFolder, Q
   sim_->onClock = [this](int32_t hz) { setClock(hz); };
   sim_->onStart = [this] {
     if (auto* c = shown()) {
-      calls_[c].clear();
-      say(tr("Simulation running."), tr("The simulation could not start"), c->StartSimulation());
+      const zv::Status status = c->StartSimulation();
+      say(tr("Simulation running."), tr("The simulation could not start"), status);
+      if (status.ok())
+        recorder(c).started(*c);
       showSimulation();
     }
   };
@@ -150,6 +153,7 @@ void MainWindow::setDevice(const std::string& path) {
   say(tr("Device %1 chosen.").arg(deviceName(path)),
       tr("The device file of %1 could not be used").arg(deviceName(path)),
       c->put_ZvdFilename(path));
+  recorder(c).deviceFile(path, "the window");
   // A new device's clock divider counts from the next period calculation,
   // which the clock, told again, brings about.
   if (targets_[c].clock > 0)
@@ -171,6 +175,7 @@ void MainWindow::setClock(int32_t hz) {
   targets_[c].clock = hz;
   say(tr("Clock set to %1.").arg(frequencyText(hz)), tr("The clock was refused"),
       c->put_ClockSpeed(hz));
+  recorder(c).observe(*c, "the window");
   // The component works out the new period but leaves the panel as it was.
   refresh(*c);
   showTarget();
@@ -241,7 +246,7 @@ bool MainWindow::newComponent(const Project* project, std::string& error) {
   delete panelArea_->takeWidget();
   panel_ = nullptr;
   panelOf_ = nullptr;
-  calls_.erase(own_.get());
+  recorders_.erase(own_.get());
   targets_.erase(own_.get());
   own_.reset();
   zv::Status status;
@@ -263,10 +268,12 @@ bool MainWindow::newComponent(const Project* project, std::string& error) {
     say(tr("New component."), tr("The new component could not be set up"), own_->InitProperties());
   }
   own_->put_ZelvorVersion(kHostVersion);
-  if (!target.device.empty())
+  if (!target.device.empty()) {
     say(tr("Device %1 chosen.").arg(deviceName(target.device)),
         tr("The device file of %1 could not be used").arg(deviceName(target.device)),
         own_->put_ZvdFilename(target.device));
+    recorders_[own_.get()].deviceFile(target.device, "the window");
+  }
   if (target.clock > 0)
     own_->put_ClockSpeed(target.clock);
   refresh(*own_);
@@ -293,7 +300,7 @@ void MainWindow::callMacro(int32_t macroId, const std::vector<long>& args) {
   zv::Status status = c->SimMacroCall(macroId, params, retVal, affected, cycles);
   say(tr("%1(%2) called.").arg(name, values.join(", ")), tr("%1 was refused").arg(name), status);
   if (status.ok())
-    calls_[c].push_back(MacroCall{macroId, args});
+    recorder(c).called(*c, macroId, params, "the window");
   updateTitle();
 }
 
@@ -342,6 +349,7 @@ void MainWindow::showProperties(const PeriodSetting* setting) {
   zvqt::PageDialog dialog(*page, this);
   dialog.onApplied = [this, c] {
     refresh(*c);
+    recorder(c).observe(*c, "the property page");
     statusBar()->showMessage(tr("Properties applied."));
     updateTitle();
   };

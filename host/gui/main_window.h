@@ -8,6 +8,7 @@
 #include <QMainWindow>
 #include <QScrollArea>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <map>
 #include <memory>
 #include <optional>
@@ -17,13 +18,14 @@
 #include "calc_pane.h"
 #include "help_window.h"
 #include "host/plugin/loader.h"
-#include "host/program/program.h"
+#include "host/program/recorder.h"
 #include "host/script/runner.h"
 #include "project_file.h"
 #include "qt/message_boxes.h"
 #include "qt/panel_widget.h"
 #include "script_pane.h"
 #include "sim_pane.h"
+#include "trace_view.h"
 
 namespace zvhost {
 
@@ -47,11 +49,16 @@ public:
   CalcPane* calcPane() const { return calc_; }
   QTabWidget* tabs() const { return tabs_; }
   HelpWindow* helpWindow() const { return help_; }
+  TraceView* traces() const { return traces_; }
 
   // The menu actions, reachable without dialogs.
   bool saveProjectTo(const std::string& path, std::string& error);
   bool exportPanel(const std::string& path, std::string& error);
   bool writeProgram(const std::string& path, std::string& error);
+  // Verify on chip: builds and runs the program of the shown component and
+  // shows its pins under the panel; false, error filled and shown, when it can't.
+  bool verifyOnChip(std::string& error);
+  bool exportWaveform(const std::string& path, std::string& error);
   void callMacro(int32_t macroId, const std::vector<long>& args);
   // The property page in its dialog; with a setting, the page gets it typed in first.
   void showProperties(const PeriodSetting* setting = nullptr);
@@ -70,7 +77,7 @@ private:
     int32_t clock = 0;
   };
 
-  // window_menus.cpp: menus, file dialogs, the title and unsaved changes.
+  // window_files.cpp: menus, file dialogs, the title and unsaved changes.
   void buildMenus();
   // A file the user picks; filters and suffixes go in pairs ("PNG picture
   // (*.png)", "png"), and a name without one of the suffixes gets the filter's.
@@ -93,6 +100,8 @@ private:
   void noteScriptTarget(const std::string& line);
   void dropScript();
   std::string currentProjectText();
+  // window_verify.cpp: what the simulation of a component did, for its program.
+  SimulationRecorder& recorder(zv::ComponentObject* c);
 
   const Plugin& plugin_;
   zvqt::QtMessageBoxes boxes_;
@@ -101,13 +110,15 @@ private:
   std::unique_ptr<Runner> runner_;
   std::string scriptPath_;
   zv::ComponentObject* panelOf_ = nullptr;
-  std::map<zv::ComponentObject*, std::vector<MacroCall>> calls_;
+  std::map<zv::ComponentObject*, SimulationRecorder> recorders_; // of the window's own
   std::map<zv::ComponentObject*, Target> targets_;
   std::vector<MacroRow> shownMacros_;
   std::string projectPath_;
   std::string savedText_; // the project as last opened or saved
   QScrollArea* panelArea_;
   zvqt::PanelWidget* panel_ = nullptr;
+  TraceView* traces_;
+  QTemporaryDir verifyDir_;
   SimPane* sim_;
   QTabWidget* tabs_;
   ScriptPane* script_;

@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QStatusBar>
+#include <QToolBar>
 #include <fstream>
 
 #include "host/pictures/render.h"
@@ -150,12 +151,30 @@ void MainWindow::buildMenus() {
     else if (!path.isEmpty())
       statusBar()->showMessage(tr("Program written to %1.").arg(path));
   });
+  file->addAction(tr("Export &waveform..."), this, [this, warn] {
+    QString path = askFile(true, tr("Export waveform"), projectName() + ".vcd",
+                           {tr("Value Change Dump (*.vcd)")}, {"vcd"});
+    std::string error;
+    if (!path.isEmpty() && !exportWaveform(path.toStdString(), error))
+      warn(tr("Exporting the waveform"), error);
+    else if (!path.isEmpty())
+      statusBar()->showMessage(tr("Waveform exported to %1.").arg(path));
+  });
   file->addSeparator();
   file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
 
   QMenu* component = menuBar()->addMenu(tr("&Component"));
   component->addAction(tr("&Properties..."), QKeySequence(Qt::Key_F4), this,
                        [this] { showProperties(); });
+  QAction* verify = new QAction(tr("&Verify on chip"), this);
+  verify->setShortcut(QKeySequence(Qt::Key_F6));
+  verify->setToolTip(tr("Build the program with avr-gcc, run it in simavr and show its pins"));
+  connect(verify, &QAction::triggered, this, [this] {
+    std::string error;
+    verifyOnChip(error);
+  });
+  addToolBar(tr("Verify"))->addAction(verify);
+  component->addAction(verify);
   component->addAction(tr("Period &calculator"), QKeySequence(Qt::Key_F7), this,
                        [this] { tabs_->setCurrentWidget(calc_); });
   component->addAction(tr("&Refresh"), QKeySequence(Qt::Key_F5), this, [this] {
@@ -241,7 +260,7 @@ bool MainWindow::writeProgram(const std::string& path, std::string& error) {
     return false;
   }
   std::string program;
-  if (!generateProgram(*c, calls_[c], program, error))
+  if (!generateProgram(*c, recorder(c).simulation(), program, error))
     return false;
   std::ofstream out(path, std::ios::binary);
   out << program;

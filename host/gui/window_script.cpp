@@ -60,8 +60,6 @@ void MainWindow::dropScript() {
     panel_ = nullptr;
     panelOf_ = nullptr;
   }
-  for (auto it = calls_.begin(); it != calls_.end();)
-    it = it->first == own_.get() ? std::next(it) : calls_.erase(it);
   for (auto it = targets_.begin(); it != targets_.end();)
     it = it->first == own_.get() ? std::next(it) : targets_.erase(it);
   runner_.reset();
