@@ -22,7 +22,7 @@ QString number(double v) {
 
 } // namespace
 
-QString periodText(double us) {
+QString microsecondsText(double us) {
   if (us >= 1e6)
     return number(us / 1e6) + " s";
   if (us >= 1e3)
@@ -30,7 +30,7 @@ QString periodText(double us) {
   return number(us) + QString::fromUtf8(" µs");
 }
 
-QString frequencyText(double hz) {
+QString hertzText(double hz) {
   if (hz >= 1e6)
     return number(hz / 1e6) + " MHz";
   if (hz >= 1e3)
@@ -134,7 +134,7 @@ CalcPane::CalcPane(QWidget* parent) : QWidget(parent) {
 void CalcPane::setTarget(const QString& device, const QString& pins, int32_t clockHz) {
   target_->setText(tr("<b>%1</b> at %2 &mdash; pins: %3")
                        .arg(device.isEmpty() ? tr("No device") : device.toHtmlEscaped(),
-                            frequencyText(clockHz), pins.toHtmlEscaped()));
+                            hertzText(clockHz), pins.toHtmlEscaped()));
   if (clockHz != clockHz_) {
     clockHz_ = clockHz;
     recalculate();
@@ -176,13 +176,13 @@ void CalcPane::showSettings() {
                               : QLocale::c().toString(s.errorPercent, 'f', 2) + " %";
     const QStringList cells = {clockSourceText(s.code),
                                QString::number(s.pr2),
-                               periodText(s.periodUs),
-                               frequencyText(1e6 / s.periodUs),
+                               microsecondsText(s.periodUs),
+                               hertzText(1e6 / s.periodUs),
                                error,
                                s.duty < 0 ? QString("-") : QString::number(s.duty),
                                s.duty < 0 ? QString("-")
                                           : QLocale::c().toString(s.dutyPercent, 'f', 2) + " %, " +
-                                                periodText(s.highUs)};
+                                                microsecondsText(s.highUs)};
     for (int col = 0; col < cells.size(); ++col)
       table_->setItem(row, col, new QTableWidgetItem(cells[col]));
   }

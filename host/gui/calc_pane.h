@@ -62,8 +62,8 @@ private:
 
 // "clk / 64" for a clock source code 1..5, as the property page lists it.
 QString clockSourceText(int code);
-// A period in microseconds as "64 us", "4.096 ms", "1.5 s"; a frequency in Hz as "15.625 kHz".
-QString periodText(double us);
-QString frequencyText(double hz);
+// A time in microseconds as "64 µs", "4.096 ms", "1.5 s"; a frequency in Hz as "15.625 kHz".
+QString microsecondsText(double us);
+QString hertzText(double hz);
 
 } // namespace zvhost

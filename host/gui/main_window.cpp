@@ -173,7 +173,7 @@ void MainWindow::setClock(int32_t hz) {
     return;
   }
   targets_[c].clock = hz;
-  say(tr("Clock set to %1.").arg(frequencyText(hz)), tr("The clock was refused"),
+  say(tr("Clock set to %1.").arg(hertzText(hz)), tr("The clock was refused"),
       c->put_ClockSpeed(hz));
   recorder(c).observe(*c, "the window");
   // The component works out the new period but leaves the panel as it was.
