@@ -133,35 +133,6 @@ TEST_F(PicturesTest, ExportedPanelIsTheWidgetsGrab) {
   }
 }
 
-TEST_F(PicturesTest, WindowShowsTheComponentOfTheScript) {
-  std::string devices = zvqt_test::sourceDir() + "/devices";
-  zvhost::MainWindow window(zvqt_test::plugin(), devices);
-  std::string error;
-  ASSERT_TRUE(window.newComponent(nullptr, error)) << error;
-  zv::ComponentObject* c = window.shown();
-  ASSERT_TRUE(c && window.panel());
-  EXPECT_EQ(window.panel()->height(), 252); // two channels: 3780 twips
-
-  // A script's component takes the window's place once the script creates it.
-  std::string script = shotPath("window.zsc").toStdString();
-  std::ofstream(script) << "create\ninit\nput ZelvorVersion 1024\nput ZvdFilename \"" + devices +
-                               "/ATmega328P.zvd\"\ncall StartSimulation\ncall SimMacroCall 0 [1]\n";
-  ASSERT_TRUE(window.openScript(script));
-  EXPECT_EQ(window.shown(), c);
-  while (window.scriptPane()->step()) {
-  }
-  EXPECT_NE(window.shown(), c);
-  ASSERT_TRUE(window.panel());
-  auto* label = window.panel()->findChild<QLabel*>();
-  ASSERT_TRUE(label);
-  EXPECT_EQ(label->text(), "CCP1");
-  // The macro rows follow the table that the script's version call built.
-  bool setDuty = false;
-  for (QPushButton* button : window.findChildren<QPushButton*>())
-    setDuty = setDuty || button->text() == "SetDuty";
-  EXPECT_TRUE(setDuty);
-}
-
 TEST_F(PicturesTest, ProjectRoundTripKeepsTheSavedProperties) {
   std::string devices = zvqt_test::sourceDir() + "/devices";
   zvhost::MainWindow window(zvqt_test::plugin(), devices);
