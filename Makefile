@@ -1,7 +1,7 @@
 # make build | make test | make demo — each installs missing Debian packages first.
 SHELL := /bin/bash
 PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev \
-	nlohmann-json3-dev qt6-base-dev libgl-dev fp-utils clang-format \
+	nlohmann-json3-dev qt6-base-dev qt6-svg-dev libgl-dev fp-utils clang-format \
 	gcc-avr avr-libc binutils-avr simavr libsimavr-dev libelf-dev sigrok-cli \
 	clang libclang-rt-14-dev wine64 g++-mingw-w64-x86-64 mingw-w64-tools \
 	dpkg-dev lintian debootstrap nsis xvfb
@@ -54,7 +54,8 @@ bench-windows: deps
 
 # Fuzz targets (libFuzzer, sanitizers): fuzz-smoke runs each for a few seconds,
 # fuzz for FUZZ_SECONDS each. Found inputs go to build-fuzz/, never to fuzz/corpus.
-FUZZ_TARGETS := profile block_reader placeholders property_bag sim_macro_call register_entry
+FUZZ_TARGETS := profile block_reader placeholders property_bag sim_macro_call register_entry \
+	script_lexer script_runner bag_json project
 FUZZ_SECONDS ?= 300
 
 fuzz-build: deps

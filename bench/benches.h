@@ -18,6 +18,7 @@ void registerPanelWidget(); // the same calls with the Qt panel repainted
 void registerCodeFile();    // readers of the code file, and the file baseline
 void registerCodeGeneration();
 void registerPersistence();
+void registerBags(); // bag files of many keys through the host's JSON
 void registerPage();
 void registerVerify(); // verify on chip in the window, and avr-gcc + simavr alone
 

@@ -72,6 +72,7 @@ int main(int argc, char** argv) {
   zvbench::registerCodeFile();
   zvbench::registerCodeGeneration();
   zvbench::registerPersistence();
+  zvbench::registerBags();
   zvbench::registerPage();
   zvbench::registerVerify();
 

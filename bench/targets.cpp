@@ -151,8 +151,10 @@ void printTargets(std::ostream& out, const Results& results, double memoryMiB) {
   for (const char* size : {"64KiB", "1MiB", "16MiB"})
     t.throughputAtLeast(std::string("GetCodeFromFile/") + size, 1e9);
   t.linear("GetCodeFromFile/64KiB", "GetCodeFromFile/16MiB", 1.5);
+  t.atMost("BagFileLoad/100000", 500 * kMilli);
+  t.linear("BagFileLoad/25000", "BagFileLoad/100000", 1.5);
   for (const char* name :
-       {"CanvasDirect", "OpenReadClose", "MacroCodeOverride/1KiB", "MacroCodeOverride/30KiB",
+       {"BagFileSave/100000", "CanvasDirect", "OpenReadClose", "MacroCodeOverride/1KiB", "MacroCodeOverride/30KiB",
         "PropertiesRoundTrip", "PageOpen", "PageKeystroke"})
     t.noLimit(name);
   t.atMost("VerifyOnChip", 400 * kMilli);

@@ -38,8 +38,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
                                      : in.ConsumeIntegral<int16_t>();
   pwm->bUseAltPin = in.ConsumeBool() ? -1 : 0;
   pwm->iHasAltPin = in.ConsumeIntegral<int16_t>();
+  // Blanks ending in one "%": the text may still complete a placeholder there,
+  // and a search passes the filler at memchr's speed, with no compare per byte
+  // for the fuzzer to trace.
   const size_t filler = in.ConsumeIntegral<uint8_t>() * size_t{256};
-  const std::string original = std::string(filler, '%') + in.ConsumeRemainingBytesAsString();
+  const std::string original = (filler ? std::string(filler - 1, ' ') + '%' : std::string()) +
+                               in.ConsumeRemainingBytesAsString();
 
   const int16_t code = prescalerCode(pwm->iPrescaler).value_or(1);
   const std::array<std::string, 3> values = {std::to_string(pwm->iPr2), std::to_string(code),

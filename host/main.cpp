@@ -13,9 +13,28 @@
 
 namespace {
 
+const char* const kUsage = "usage: zelvor-host run SCRIPT|- [--plugin PATH]\n"
+                           "       zelvor-host gui [SCRIPT] [--plugin PATH]\n"
+                           "       zelvor-host [COMMAND] --help\n";
+
+const char* const kRunUsage =
+    "usage: zelvor-host run SCRIPT|- [--plugin PATH]\n"
+    "Carries out a script (a file, or - for standard input) one line at a time\n"
+    "and prints one JSON object per command. Exit status 0, 2 when a line was\n"
+    "a script error, 1 when nothing could be run.\n"
+    "  --plugin PATH  the component library (default: the one beside the host)\n";
+
+const char* const kGuiUsage =
+    "usage: zelvor-host gui [SCRIPT] [--plugin PATH]\n"
+    "Opens the desktop window: the component's panel, device and clock,\n"
+    "simulation and macros, the property page, the period calculator, and\n"
+    "SCRIPT (a .zsc file) ready to be stepped.\n"
+    "  --plugin PATH  the component library (default: the one beside the host)\n"
+    "Keys: Ctrl+O open project, Ctrl+S save, F1 help, F4 properties, F5 refresh,\n"
+    "F7 period calculator, F10 step the script.\n";
+
 int usage() {
-  std::cerr << "usage: zelvor-host run SCRIPT|- [--plugin PATH]\n"
-               "       zelvor-host gui [SCRIPT] [--plugin PATH]\n";
+  std::cerr << kUsage;
   return 1;
 }
 
@@ -24,14 +43,22 @@ int usage() {
 int main(int argc, char** argv) {
   std::string pluginPath;
   std::vector<std::string> words;
+  bool help = false;
   for (int i = 1; i < argc; ++i) {
     if (std::strcmp(argv[i], "--plugin") == 0) {
       if (i + 1 >= argc)
         return usage();
       pluginPath = argv[++i];
+    } else if (std::strcmp(argv[i], "--help") == 0 || std::strcmp(argv[i], "-h") == 0) {
+      help = true;
     } else {
       words.emplace_back(argv[i]);
     }
+  }
+  if (help) {
+    const std::string command = words.empty() ? "" : words[0];
+    std::cout << (command == "gui" ? kGuiUsage : command == "run" ? kRunUsage : kUsage);
+    return 0;
   }
   if (words.empty())
     return usage();

@@ -145,6 +145,14 @@ void SafeArray::set(int32_t index, const Variant& v) {
       elementType_ == VarType::Variant ? v : convertTo(v, elementType_);
 }
 
+void SafeArray::set(int32_t index, Variant&& v) {
+  if (elementType_ != VarType::Variant)
+    return set(index, static_cast<const Variant&>(v));
+  if (index < lower_ || index > ubound())
+    raise(errSubscript);
+  items_[static_cast<size_t>(index - lower_)] = std::move(v);
+}
+
 bool SafeArray::operator==(const SafeArray& other) const {
   return elementType_ == other.elementType_ && lower_ == other.lower_ && items_ == other.items_;
 }

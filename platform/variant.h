@@ -87,6 +87,8 @@ public:
   const Variant& at(int32_t index) const;
   // Stores v converted to the element type (an array of Variant keeps v as it is).
   void set(int32_t index, const Variant& v);
+  // The same, taking over v's payload: nested arrays are moved, not copied.
+  void set(int32_t index, Variant&& v);
 
   bool operator==(const SafeArray& other) const;
 

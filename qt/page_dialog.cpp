@@ -10,8 +10,11 @@ PageDialog::PageDialog(zv::PageObject& page, QWidget* parent) : QDialog(parent),
   auto* layout = new QVBoxLayout(this);
   pageWidget_ = new PageWidget(page, this);
   layout->addWidget(pageWidget_);
+  // The failure line has its room from the start, so the dialog keeps its size.
   failure_ = new QLabel(this);
-  failure_->setVisible(false);
+  failure_->setWordWrap(true);
+  failure_->setFixedHeight(2 * failure_->fontMetrics().lineSpacing() + 4);
+  failure_->setStyleSheet(QStringLiteral("color: #a00000"));
   layout->addWidget(failure_);
   auto* buttons = new QDialogButtonBox(
       QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Apply, this);
@@ -40,17 +43,31 @@ void PageDialog::showChanged() {
 bool PageDialog::apply() {
   zv::Status status = page_.PropertyPage_ApplyChanges();
   if (!status.ok()) {
-    failure_->setText(tr("Apply failed: run-time error %1: %2")
-                          .arg(status.number)
-                          .arg(QString::fromStdString(status.description)));
-    failure_->setVisible(true);
+    failure_->setText(failureText(status));
     return false;
   }
-  failure_->setVisible(false);
+  failure_->clear();
   page_.site().setChanged(false);
   if (onApplied)
     onApplied();
   return true;
+}
+
+QString PageDialog::failureText(const zv::Status& status) {
+  // The page's one number typed as text is the period register; the other
+  // settings are lists, boxes and labels that always hold a value.
+  switch (status.number) {
+  case 13:
+    return tr("Not applied: the period register box is empty or holds no number. "
+              "Enter a whole number from 0 to 255.");
+  case 6:
+    return tr("Not applied: the period register box holds a number too large. "
+              "Enter a whole number from 0 to 255.");
+  default:
+    return tr("Not applied: %1 (run-time error %2).")
+        .arg(QString::fromStdString(status.description))
+        .arg(status.number);
+  }
 }
 
 void PageDialog::accept() {

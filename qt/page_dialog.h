@@ -1,7 +1,8 @@
 // The property page in a dialog with OK, Cancel and Apply. Apply is enabled
 // while the site's Changed flag is set; applying runs the page's apply and
 // then clears the flag. OK applies what the page shows, then closes; a failed apply
-// keeps the dialog open with the failure shown. The page must outlive it.
+// keeps the dialog open, at its size, with a sentence that says what to do.
+// The page must outlive it.
 #pragma once
 
 #include <QDialog>
@@ -9,8 +10,8 @@
 #include <QPushButton>
 #include <functional>
 
-#include "zelvor/objects.h"
 #include "page_widget.h"
+#include "zelvor/objects.h"
 
 namespace zvqt {
 
@@ -28,6 +29,9 @@ public:
   std::function<void()> onApplied;
 
   void accept() override;
+  QLabel* failureLabel() const { return failure_; }
+  // The sentence a failed apply shows.
+  static QString failureText(const zv::Status& status);
 
 private:
   void showChanged();

@@ -4,6 +4,7 @@
 #include <QMessageBox>
 
 #include "devices.h"
+#include "help_window.h"
 #include "host/plugin/loader.h"
 #include "main_window.h"
 
@@ -20,7 +21,8 @@ int runGui(int argc, char** argv, const std::string& pluginPath, const std::stri
                               .arg(QString::fromStdString(path), QString::fromStdString(error)));
     return 1;
   }
-  MainWindow window(plugin, devicesFolder(QCoreApplication::applicationDirPath().toStdString()));
+  const std::string exeDir = QCoreApplication::applicationDirPath().toStdString();
+  MainWindow window(plugin, devicesFolder(exeDir), nullptr, helpFolder(exeDir));
   if (!window.newComponent(nullptr, error))
     QMessageBox::warning(&window, window.windowTitle(), QString::fromStdString(error));
   if (!scriptPath.empty())

@@ -1,20 +1,13 @@
 #include "main_window.h"
 
-#include <QApplication>
-#include <QFileDialog>
-#include <QMenuBar>
-#include <QMessageBox>
+#include <QCoreApplication>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QToolBar>
 #include <QVBoxLayout>
-#include <fstream>
 
 #include "devices.h"
-#include "host/pictures/render.h"
-#include "host/script/json_out.h"
-#include "host/verify/vcd.h"
 #include "platform/vbnum.h"
+#include "qt/binding.h"
 #include "qt/page_dialog.h"
 
 namespace zvhost {
@@ -44,16 +37,25 @@ zv::Variant paramsOf(const std::vector<long>& args) {
   return zv::Variant::array(std::move(a));
 }
 
+QString deviceName(const std::string& path) {
+  return path.empty() ? QObject::tr("no device") : QString::fromStdString(readDevice(path).name);
+}
+
 } // namespace
 
-MainWindow::MainWindow(const Plugin& plugin, const std::string& devicesFolder, QWidget* parent)
-    : QMainWindow(parent), plugin_(plugin), boxes_(this), backend_(plugin) {
+MainWindow::MainWindow(const Plugin& plugin, const std::string& devicesFolder, QWidget* parent,
+                       const std::string& helpFolder)
+    : QMainWindow(parent), plugin_(plugin), boxes_(this),
+      helpFolder_(helpFolder.empty()
+                      ? zvhost::helpFolder(QCoreApplication::applicationDirPath().toStdString())
+                      : helpFolder),
+      backend_(plugin) {
   zv::setMessageBoxService(&boxes_);
   zvqt::setErrorReporter([this](int number, const std::string& description) {
-    statusBar()->showMessage(
-        tr("Run-time error %1: %2").arg(number).arg(QString::fromStdString(description)));
+    statusBar()->showMessage(tr("The change was refused: %1 (run-time error %2).")
+                                 .arg(QString::fromStdString(description))
+                                 .arg(number));
   });
-  setWindowTitle(tr("zelvor-host"));
 
   auto* splitter = new QSplitter(this);
   auto* left = new QWidget(splitter);
@@ -66,55 +68,51 @@ MainWindow::MainWindow(const Plugin& plugin, const std::string& devicesFolder, Q
   leftLayout->addWidget(traces_);
   sim_ = new SimPane(deviceFiles(devicesFolder), left);
   leftLayout->addWidget(sim_);
-  script_ = new ScriptPane(splitter);
+  tabs_ = new QTabWidget(splitter);
+  script_ = new ScriptPane(tabs_);
+  calc_ = new CalcPane(tabs_);
+  tabs_->addTab(script_, tr("Sc&ript"));
+  tabs_->addTab(calc_, tr("Period c&alculator"));
   splitter->addWidget(left);
-  splitter->addWidget(script_);
+  splitter->addWidget(tabs_);
   splitter->setStretchFactor(1, 1);
   splitter->setSizes({480, 620});
   setCentralWidget(splitter);
 
-  sim_->setDevice(sim_->device().empty() ? std::string() : sim_->device());
   for (const std::string& path : deviceFiles(devicesFolder))
     if (path.find("ATmega328P") != std::string::npos)
       sim_->setDevice(path);
 
-  sim_->onDevice = [this](const std::string& path) {
-    if (auto* c = shown()) {
-      report("ZvdFilename", c->put_ZvdFilename(path));
-      recorder(c).deviceFile(path, "the window");
-    }
-  };
-  sim_->onClock = [this](int32_t hz) {
-    if (auto* c = shown()) {
-      report("ClockSpeed", c->put_ClockSpeed(hz));
-      recorder(c).observe(*c, "the window");
-    }
-  };
+  sim_->onDevice = [this](const std::string& path) { setDevice(path); };
+  sim_->onClock = [this](int32_t hz) { setClock(hz); };
   sim_->onStart = [this] {
     if (auto* c = shown()) {
       const zv::Status status = c->StartSimulation();
-      report("StartSimulation", status);
+      say(tr("Simulation running."), tr("The simulation could not start"), status);
       if (status.ok())
         recorder(c).started(*c);
+      showSimulation();
     }
   };
   sim_->onStop = [this] {
-    if (auto* c = shown())
-      report("StopSimulation", c->StopSimulation());
+    if (auto* c = shown()) {
+      say(tr("Simulation stopped."), tr("The simulation could not stop"), c->StopSimulation());
+      showSimulation();
+    }
   };
   sim_->onMacro = [this](int32_t id, const std::vector<long>& args) { callMacro(id, args); };
+  calc_->onToPage = [this](const PeriodSetting& s) { showProperties(&s); };
+  calc_->onToMacro = [this](const PeriodSetting& s) { toMacro(s); };
+  calc_->onHelp = [this] { showHelp("desktop.html#calculator"); };
   script_->execute = [this](int n, const std::string& line) { return executeScriptLine(n, line); };
-  script_->onOpen = [this] {
-    QString path = QFileDialog::getOpenFileName(this, tr("Open script"), QString(),
-                                                tr("Scripts (*.zsc);;All files (*)"));
-    if (!path.isEmpty())
-      openScript(path.toStdString());
-  };
   script_->onRestart = [this] {
     if (!scriptPath_.empty())
       openScript(scriptPath_);
   };
+  script_->onClose = [this] { closeScript(); };
   buildMenus();
+  statusBar()->showMessage(tr("Ready."));
+  updateTitle();
 }
 
 MainWindow::~MainWindow() {
@@ -127,72 +125,6 @@ MainWindow::~MainWindow() {
   zv::setMessageBoxService(nullptr);
 }
 
-void MainWindow::buildMenus() {
-  QMenu* file = menuBar()->addMenu(tr("&File"));
-  file->addAction(tr("&New component"), this, [this] {
-    std::string error;
-    if (!newComponent(nullptr, error))
-      QMessageBox::warning(this, windowTitle(), QString::fromStdString(error));
-  });
-  file->addAction(tr("&Open project..."), this, [this] {
-    QString path = QFileDialog::getOpenFileName(this, tr("Open project"), QString(),
-                                                tr("Projects (*.json);;All files (*)"));
-    if (path.isEmpty())
-      return;
-    Project project;
-    std::string error;
-    if (!loadProject(path.toStdString(), project, error) || !newComponent(&project, error))
-      QMessageBox::warning(this, windowTitle(), QString::fromStdString(error));
-  });
-  file->addAction(tr("&Save project..."), this, [this] {
-    QString path =
-        QFileDialog::getSaveFileName(this, tr("Save project"), QString(), tr("Projects (*.json)"));
-    std::string error;
-    if (!path.isEmpty() && !saveProjectTo(path.toStdString(), error))
-      QMessageBox::warning(this, windowTitle(), QString::fromStdString(error));
-  });
-  file->addSeparator();
-  file->addAction(tr("Open s&cript..."), this, [this] { script_->onOpen(); });
-  file->addAction(tr("&Export panel..."), this, [this] {
-    QString path = QFileDialog::getSaveFileName(this, tr("Export panel"), QString(),
-                                                tr("PNG picture (*.png);;SVG picture (*.svg)"));
-    std::string error;
-    if (!path.isEmpty() && !exportPanel(path.toStdString(), error))
-      QMessageBox::warning(this, windowTitle(), QString::fromStdString(error));
-  });
-  QAction* verify = new QAction(tr("&Verify on chip"), this);
-  verify->setShortcut(QKeySequence(tr("F6")));
-  verify->setToolTip(tr("Build the program with avr-gcc, run it in simavr and show its pins"));
-  connect(verify, &QAction::triggered, this, [this] {
-    std::string error;
-    verifyOnChip(error);
-  });
-  addToolBar(tr("Verify"))->addAction(verify);
-  file->addAction(tr("Export &waveform..."), this, [this] {
-    QString path = QFileDialog::getSaveFileName(this, tr("Export waveform"), QString(),
-                                                tr("Value Change Dump (*.vcd)"));
-    std::string error;
-    if (!path.isEmpty() && !exportWaveform(path.toStdString(), error))
-      QMessageBox::warning(this, windowTitle(), QString::fromStdString(error));
-  });
-  file->addAction(tr("&Generate program..."), this, [this] {
-    QString path = QFileDialog::getSaveFileName(this, tr("Generate program"), QString(),
-                                                tr("C program (*.c)"));
-    std::string error;
-    if (!path.isEmpty() && !writeProgram(path.toStdString(), error))
-      QMessageBox::warning(this, windowTitle(), QString::fromStdString(error));
-  });
-  file->addSeparator();
-  file->addAction(tr("&Quit"), this, &QWidget::close);
-  QMenu* component = menuBar()->addMenu(tr("&Component"));
-  component->addAction(tr("&Properties..."), this, [this] { showProperties(); });
-  component->addAction(verify);
-  component->addAction(tr("&Refresh"), this, [this] {
-    if (auto* c = shown())
-      report("Refresh", c->Refresh());
-  });
-}
-
 zv::ComponentObject* MainWindow::shown() {
   if (runner_)
     if (ComponentHandle* current = runner_->current())
@@ -200,14 +132,74 @@ zv::ComponentObject* MainWindow::shown() {
   return own_.get();
 }
 
-void MainWindow::report(const char* what, const zv::Status& status) {
+void MainWindow::say(const QString& done, const QString& failed, const zv::Status& status) {
   if (status.ok())
-    statusBar()->showMessage(tr("%1: done").arg(what));
+    statusBar()->showMessage(done);
   else
-    statusBar()->showMessage(tr("%1 failed: run-time error %2: %3")
-                                 .arg(what)
-                                 .arg(status.number)
-                                 .arg(QString::fromStdString(status.description)));
+    statusBar()->showMessage(tr("%1: %2 (run-time error %3).")
+                                 .arg(failed, QString::fromStdString(status.description))
+                                 .arg(status.number));
+}
+
+void MainWindow::refresh(zv::ComponentObject& c) {
+  zv::Status status = c.Refresh();
+  if (!status.ok())
+    say({}, tr("The panel could not be redrawn"), status);
+}
+
+void MainWindow::setDevice(const std::string& path) {
+  zv::ComponentObject* c = shown();
+  if (!c)
+    return;
+  targets_[c].device = path;
+  say(tr("Device %1 chosen.").arg(deviceName(path)),
+      tr("The device file of %1 could not be used").arg(deviceName(path)),
+      c->put_ZvdFilename(path));
+  recorder(c).deviceFile(path, "the window");
+  // A new device's clock divider counts from the next period calculation,
+  // which the clock, told again, brings about.
+  if (targets_[c].clock > 0)
+    c->put_ClockSpeed(targets_[c].clock);
+  refresh(*c);
+  showTarget();
+  updateTitle();
+}
+
+void MainWindow::setClock(int32_t hz) {
+  zv::ComponentObject* c = shown();
+  if (!c)
+    return;
+  if (hz <= 0) {
+    // The component divides by the clock; it keeps the last one it was told.
+    statusBar()->showMessage(tr("Choose a clock above 0 Hz."));
+    return;
+  }
+  targets_[c].clock = hz;
+  say(tr("Clock set to %1.").arg(hertzText(hz)), tr("The clock was refused"),
+      c->put_ClockSpeed(hz));
+  recorder(c).observe(*c, "the window");
+  // The component works out the new period but leaves the panel as it was.
+  refresh(*c);
+  showTarget();
+  updateTitle();
+}
+
+void MainWindow::showTarget() {
+  zv::ComponentObject* c = shown();
+  const Target t = c ? targets_[c] : Target{};
+  sim_->setDevice(t.device);
+  sim_->setClock(t.clock);
+  const DeviceInfo info = t.device.empty() ? DeviceInfo{} : readDevice(t.device);
+  const QString pins = t.device.empty() ? tr("no device") : QString::fromStdString(pinsText(info));
+  sim_->setPins(pins);
+  calc_->setTarget(QString::fromStdString(info.name), pins, t.clock);
+}
+
+void MainWindow::showSimulation() {
+  int32_t running = 0;
+  if (zv::ComponentObject* c = shown())
+    c->get_IsSimulating(running);
+  sim_->setSimulating(running != 0);
 }
 
 void MainWindow::showComponent() {
@@ -222,6 +214,9 @@ void MainWindow::showComponent() {
     }
   }
   showMacros();
+  showTarget();
+  showSimulation();
+  updateTitle();
 }
 
 void MainWindow::showMacros() {
@@ -254,6 +249,7 @@ bool MainWindow::newComponent(const Project* project, std::string& error) {
   panel_ = nullptr;
   panelOf_ = nullptr;
   recorders_.erase(own_.get());
+  targets_.erase(own_.get());
   own_.reset();
   zv::Status status;
   own_ = plugin_.createComponent("", "", status);
@@ -263,170 +259,111 @@ bool MainWindow::newComponent(const Project* project, std::string& error) {
     showComponent();
     return false;
   }
+  Target& target = targets_[own_.get()];
+  target = {sim_->device(), sim_->clock()};
   if (project) {
     zv::PropertyBag bag = project->properties;
-    report("ReadProperties", own_->ReadProperties(bag));
-    sim_->setDevice(project->device);
-    sim_->setClock(project->clock);
+    say(tr("Project opened."), tr("The project's properties could not be read"),
+        own_->ReadProperties(bag));
+    target = {project->device, project->clock};
   } else {
-    report("InitProperties", own_->InitProperties());
+    say(tr("New component."), tr("The new component could not be set up"), own_->InitProperties());
   }
   own_->put_ZelvorVersion(kHostVersion);
-  if (!sim_->device().empty()) {
-    report("ZvdFilename", own_->put_ZvdFilename(sim_->device()));
-    recorders_[own_.get()].deviceFile(sim_->device(), "the window");
+  if (!target.device.empty()) {
+    say(tr("Device %1 chosen.").arg(deviceName(target.device)),
+        tr("The device file of %1 could not be used").arg(deviceName(target.device)),
+        own_->put_ZvdFilename(target.device));
+    recorders_[own_.get()].deviceFile(target.device, "the window");
   }
-  own_->put_ClockSpeed(sim_->clock());
+  if (target.clock > 0)
+    own_->put_ClockSpeed(target.clock);
+  refresh(*own_);
+  if (!project)
+    projectPath_.clear();
+  savedText_ = currentProjectText();
   showComponent();
   return true;
-}
-
-bool MainWindow::openScript(const std::string& path) {
-  dropScript();
-  std::string error;
-  if (!script_->load(path, error)) {
-    statusBar()->showMessage(QString::fromStdString(error));
-    return false;
-  }
-  scriptPath_ = path;
-  runner_ = std::make_unique<Runner>(backend_);
-  // The runner answers the boxes of its own commands; the user answers the rest.
-  zv::setMessageBoxService(&boxes_);
-  showComponent();
-  return true;
-}
-
-void MainWindow::dropScript() {
-  if (!runner_)
-    return;
-  if (panelOf_ != own_.get()) {
-    delete panelArea_->takeWidget();
-    panel_ = nullptr;
-    panelOf_ = nullptr;
-  }
-  runner_.reset();
-  zv::setMessageBoxService(&boxes_);
-  showComponent();
-}
-
-std::optional<std::string> MainWindow::executeScriptLine(int lineNumber, const std::string& line) {
-  if (!runner_)
-    return std::nullopt;
-  std::optional<Json> answer = runner_->execute(lineNumber, line);
-  showComponent();
-  if (!answer)
-    return std::nullopt;
-  return dumpJson(*answer);
 }
 
 void MainWindow::callMacro(int32_t macroId, const std::vector<long>& args) {
   zv::ComponentObject* c = shown();
   if (!c)
     return;
+  const QString name = macroId >= 0 && static_cast<size_t>(macroId) < shownMacros_.size()
+                           ? QString::fromStdString(shownMacros_[macroId].name)
+                           : tr("Macro %1").arg(macroId);
+  QStringList values;
+  for (long a : args)
+    values << QString::number(a);
   zv::Variant params = paramsOf(args);
   int32_t retVal = 0, cycles = 0;
   zv::Variant affected;
   zv::Status status = c->SimMacroCall(macroId, params, retVal, affected, cycles);
-  report("SimMacroCall", status);
+  say(tr("%1(%2) called.").arg(name, values.join(", ")), tr("%1 was refused").arg(name), status);
   if (status.ok())
     recorder(c).called(*c, macroId, params, "the window");
+  updateTitle();
 }
 
-void MainWindow::showProperties() {
+void MainWindow::toMacro(const PeriodSetting& setting) {
+  int32_t changePeriod = -1, setDuty = -1;
+  for (size_t i = 0; i < shownMacros_.size(); ++i) {
+    if (shownMacros_[i].name == "ChangePeriod")
+      changePeriod = static_cast<int32_t>(i);
+    if (shownMacros_[i].name == "SetDuty")
+      setDuty = static_cast<int32_t>(i);
+  }
+  if (changePeriod < 0) {
+    statusBar()->showMessage(tr("This component has no ChangePeriod macro."));
+    return;
+  }
+  sim_->setParameter(changePeriod, 0, setting.pr2);
+  sim_->setParameter(changePeriod, 1, setting.code);
+  if (setDuty >= 0 && setting.duty >= 0)
+    sim_->setParameter(setDuty, 1, setting.duty);
+  callMacro(changePeriod, {setting.pr2, setting.code});
+}
+
+void MainWindow::showProperties(const PeriodSetting* setting) {
   zv::ComponentObject* c = shown();
   if (!c)
     return;
   zv::Status status;
   Plugin::PagePtr page = plugin_.createPage(status);
   if (!page) {
-    report("Property page", status);
+    say({}, tr("The property page could not be made"), status);
     return;
   }
   page->site().SelectedControls = {&c->publicInterface()};
-  report("PropertyPage_SelectionChanged", page->PropertyPage_SelectionChanged());
+  status = page->PropertyPage_SelectionChanged();
+  if (!status.ok())
+    say({}, tr("The property page could not show the component"), status);
+  if (setting) {
+    // Typed in as a user would, so the page's own handlers check and show it.
+    zvqt::runUserAction([&] {
+      if (auto* box = dynamic_cast<zv::TextBox*>(page->control("txt_Pr2")))
+        box->setText(std::to_string(setting->pr2));
+      if (auto* list = dynamic_cast<zv::ComboBox*>(page->control("cboClockSource")))
+        list->setListIndex(setting->code);
+    });
+  }
   zvqt::PageDialog dialog(*page, this);
   dialog.onApplied = [this, c] {
-    report("Refresh", c->Refresh());
+    refresh(*c);
     recorder(c).observe(*c, "the property page");
+    statusBar()->showMessage(tr("Properties applied."));
+    updateTitle();
   };
   dialog.exec();
 }
 
-bool MainWindow::saveProjectTo(const std::string& path, std::string& error) {
-  zv::ComponentObject* c = shown();
-  if (!c) {
-    error = "no component";
-    return false;
-  }
-  Project project;
-  project.device = sim_->device();
-  project.clock = sim_->clock();
-  zv::Status status = c->WriteProperties(project.properties);
-  if (!status.ok()) {
-    error = "WriteProperties failed: run-time error " + std::to_string(status.number) + ": " +
-            status.description;
-    return false;
-  }
-  return saveProject(path, project, error);
-}
-
-bool MainWindow::exportPanel(const std::string& path, std::string& error) {
-  zv::ComponentObject* c = shown();
-  if (!c) {
-    error = "no component";
-    return false;
-  }
-  return renderPanel(*c, path, error);
-}
-
-bool MainWindow::writeProgram(const std::string& path, std::string& error) {
-  zv::ComponentObject* c = shown();
-  if (!c) {
-    error = "no component";
-    return false;
-  }
-  std::string program;
-  if (!generateProgram(*c, recorder(c).simulation(), program, error))
-    return false;
-  std::ofstream out(path, std::ios::binary);
-  out << program;
-  if (!out) {
-    error = "cannot write " + path;
-    return false;
-  }
-  return true;
-}
-
-SimulationRecorder& MainWindow::recorder(zv::ComponentObject* c) {
-  SimulationRecorder* ofScript = runner_ ? runner_->recorderOf(c) : nullptr;
-  return ofScript ? *ofScript : recorders_[c];
-}
-
-bool MainWindow::verifyOnChip(std::string& error) {
-  zv::ComponentObject* c = shown();
-  Verification v;
-  if (!c)
-    error = "no component";
-  else if (!verifyDir_.isValid())
-    error = "no folder for the program's files";
-  else if (zvhost::verifyOnChip(*c, recorder(c).simulation(), verifyDir_.path().toStdString(), v,
-                                error)) {
-    traces_->show(v);
-    statusBar()->showMessage(v.same ? tr("Verify on chip: the chip does what the panel shows")
-                                    : tr("Verify on chip: the chip differs from the panel"));
-    return true;
-  }
-  traces_->showError(QString::fromStdString(error));
-  statusBar()->showMessage(tr("Verify on chip failed"));
-  return false;
-}
-
-bool MainWindow::exportWaveform(const std::string& path, std::string& error) {
-  if (!traces_->verification()) {
-    error = "verify on chip first: there is no waveform yet";
-    return false;
-  }
-  return writeVcd(*traces_->verification(), path, error);
+void MainWindow::showHelp(const QString& page) {
+  if (!help_)
+    help_ = new HelpWindow(helpFolder_, this);
+  help_->showPage(page);
+  help_->show();
+  help_->raise();
 }
 
 } // namespace zvhost

@@ -1,9 +1,7 @@
 #include "project_file.h"
 
-#include <fstream>
-#include <sstream>
-
-#include "host/script/json_out.h"
+#include "host/script/file_io.h"
+#include "host/script/json_in.h"
 
 namespace zvhost {
 
@@ -17,10 +15,19 @@ std::string projectText(const Project& project) {
 
 bool parseProject(const std::string& text, Project& project, std::string& error) {
   try {
-    Json j = Json::parse(text);
+    const Json j = parseJson(text);
+    if (!j.is_object())
+      throw ScriptError("a project is a JSON object");
+    const Json& device = j.at("device");
+    const Json& clock = j.at("clock");
+    if (!device.is_string())
+      throw ScriptError("the device is not a text");
+    if (!clock.is_number_integer() || clock.get<int64_t>() < INT32_MIN ||
+        clock.get<int64_t>() > INT32_MAX)
+      throw ScriptError("the clock is not a whole number of hertz");
     Project read;
-    read.device = j.at("device").get<std::string>();
-    read.clock = j.at("clock").get<int32_t>();
+    read.device = device.get<std::string>();
+    read.clock = clock.get<int32_t>();
     read.properties = bagFromJson(j.at("properties"));
     project = std::move(read);
     return true;
@@ -31,24 +38,19 @@ bool parseProject(const std::string& text, Project& project, std::string& error)
 }
 
 bool saveProject(const std::string& path, const Project& project, std::string& error) {
-  std::ofstream out(path, std::ios::binary);
-  out << projectText(project);
-  if (!out) {
-    error = "cannot write " + path;
+  std::string text;
+  try {
+    text = projectText(project);
+  } catch (const std::exception& e) {
+    error = "cannot write " + path + ": " + e.what();
     return false;
   }
-  return true;
+  return replaceFile(path, text, error);
 }
 
 bool loadProject(const std::string& path, Project& project, std::string& error) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) {
-    error = "cannot read " + path;
-    return false;
-  }
-  std::stringstream text;
-  text << in.rdbuf();
-  return parseProject(text.str(), project, error);
+  std::string text;
+  return readRegularFile(path, text, error) && parseProject(text, project, error);
 }
 
 } // namespace zvhost

@@ -4,6 +4,7 @@
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QVBoxLayout>
 #include <fstream>
@@ -17,14 +18,28 @@ bool isCommand(const std::string& line) {
 }
 } // namespace
 
+bool scriptHasCommand(const std::string& path, const std::string& word) {
+  std::ifstream in(path);
+  for (std::string line; std::getline(in, line);) {
+    size_t first = line.find_first_not_of(" \t\r");
+    size_t end = first == std::string::npos ? first : line.find_first_of(" \t\r", first);
+    if (isCommand(line) && line.substr(first, end - first) == word)
+      return true;
+  }
+  return false;
+}
+
 ScriptPane::ScriptPane(QWidget* parent) : QWidget(parent) {
   auto* layout = new QVBoxLayout(this);
   auto* buttons = new QHBoxLayout;
   auto* open = new QPushButton(tr("Open script..."), this);
-  auto* stepButton = new QPushButton(tr("Step"), this);
+  step_ = new QPushButton(tr("Step"), this);
+  step_->setShortcut(QKeySequence(Qt::Key_F10));
+  step_->setToolTip(tr("Carry out the next command (F10)"));
   auto* run = new QPushButton(tr("Run all"), this);
   auto* again = new QPushButton(tr("Restart"), this);
-  for (QPushButton* b : {open, stepButton, run, again})
+  auto* close = new QPushButton(tr("Close"), this);
+  for (QPushButton* b : {open, step_, run, again, close})
     buttons->addWidget(b);
   layout->addLayout(buttons);
   title_ = new QLabel(tr("No script"), this);
@@ -44,11 +59,15 @@ ScriptPane::ScriptPane(QWidget* parent) : QWidget(parent) {
     if (onOpen)
       onOpen();
   });
-  connect(stepButton, &QPushButton::clicked, this, [this] { step(); });
+  connect(step_, &QPushButton::clicked, this, [this] { step(); });
   connect(run, &QPushButton::clicked, this, [this] { runAll(); });
   connect(again, &QPushButton::clicked, this, [this] {
     if (onRestart)
       onRestart();
+  });
+  connect(close, &QPushButton::clicked, this, [this] {
+    if (onClose)
+      onClose();
   });
 }
 
@@ -68,6 +87,13 @@ bool ScriptPane::load(const std::string& path, std::string& error) {
   script_->setPlainText(text.join('\n'));
   restart();
   return true;
+}
+
+void ScriptPane::clear() {
+  lines_.clear();
+  title_->setText(tr("No script"));
+  script_->clear();
+  restart();
 }
 
 void ScriptPane::restart() {
@@ -101,13 +127,16 @@ void ScriptPane::showPosition() {
   QTextBlock block = script_->document()->findBlockByNumber(static_cast<int>(next_));
   QTextCursor cursor(script_->document());
   if (block.isValid()) {
-    cursor.setPosition(block.position());
-    cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    // Selected from its end back to its start, so that the view keeps the
+    // start of a long line in sight rather than scrolling sideways to its end.
+    cursor.setPosition(block.position() + block.length() - 1);
+    cursor.setPosition(block.position(), QTextCursor::KeepAnchor);
   } else {
     cursor.movePosition(QTextCursor::End);
   }
   script_->setTextCursor(cursor);
   script_->ensureCursorVisible();
+  script_->horizontalScrollBar()->setValue(0);
 }
 
 } // namespace zvhost

@@ -5,6 +5,7 @@
 
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QWidget>
 #include <functional>
 #include <optional>
@@ -18,6 +19,9 @@ public:
   explicit ScriptPane(QWidget* parent = nullptr);
 
   bool load(const std::string& path, std::string& error);
+  void clear();
+  QPushButton* stepButton() const { return step_; }
+  QPlainTextEdit* scriptView() const { return script_; }
   // Carries out the next command (skipping blank and comment lines); false at the end.
   bool step();
   void runAll();
@@ -29,6 +33,8 @@ public:
   std::function<void()> onOpen;
   // The user asked to start the script again from its first line.
   std::function<void()> onRestart;
+  // The user asked to close the script.
+  std::function<void()> onClose;
 
   void restart();
 
@@ -37,8 +43,13 @@ private:
   std::vector<std::string> lines_;
   size_t next_ = 0;
   QLabel* title_;
+  QPushButton* step_;
   QPlainTextEdit* script_;
   QPlainTextEdit* output_;
 };
+
+// Whether a line of the script file is the command word ("create"); false
+// when the file can't be read.
+bool scriptHasCommand(const std::string& path, const std::string& word);
 
 } // namespace zvhost

@@ -4,8 +4,6 @@
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 #include <climits>
 
@@ -13,6 +11,28 @@ namespace zvhost {
 
 std::string firstField(const std::string& entry) {
   return entry.substr(0, entry.find('|'));
+}
+
+ParameterRange parameterRange(const std::string& name) {
+  static const struct {
+    const char* name;
+    ParameterRange range;
+  } known[] = {
+      {"Channel", {1, 2, "Channel 1 (OC1A) or 2 (OC1B, or OC1C with the alternative pin)"}},
+      {"Duty", {0, 255, "Duty in counts: the pin is high for Duty / (period register + 1)"}},
+      {"Period", {0, 255, "Period register: one period is 2 x (Period + 1) timer counts"}},
+      {"Prescaler",
+       {0, 7,
+        "Clock source: 0 none, 1 clk/1, 2 clk/8, 3 clk/64, 4 clk/256, 5 clk/1024, "
+        "6 external falling edge, 7 external rising edge"}},
+      {"DutyHigh", {0, 3, "Bits 9 and 8 of a ten-bit duty"}},
+      {"DutyLow", {0, 255, "Bits 7 to 0 of a ten-bit duty"}},
+  };
+  for (const auto& k : known)
+    if (name == k.name)
+      return k.range;
+  // Every parameter of the code file is an unsigned char.
+  return {0, 255, "A whole number from 0 to 255"};
 }
 
 SimPane::SimPane(const std::vector<std::string>& devices, QWidget* parent) : QWidget(parent) {
@@ -23,21 +43,30 @@ SimPane::SimPane(const std::vector<std::string>& devices, QWidget* parent) : QWi
   for (const std::string& path : devices)
     device_->addItem(QFileInfo(QString::fromStdString(path)).completeBaseName(),
                      QString::fromStdString(path));
-  form->addRow(tr("Device:"), device_);
+  form->addRow(tr("&Device:"), device_);
+  pins_ = new QLabel(target);
+  form->addRow(tr("Pins:"), pins_);
   clock_ = new QSpinBox(target);
+  // 0 stands for a component that was told no clock (a script's, say).
   clock_->setRange(0, INT_MAX);
+  clock_->setSpecialValueText(tr("not told"));
   clock_->setSuffix(tr(" Hz"));
   clock_->setGroupSeparatorShown(true);
+  clock_->setStepType(QAbstractSpinBox::AdaptiveDecimalStepType);
+  clock_->setKeyboardTracking(false);
   clock_->setValue(8000000);
-  form->addRow(tr("Clock:"), clock_);
+  form->addRow(tr("C&lock:"), clock_);
   layout->addWidget(target);
 
   auto* run = new QHBoxLayout;
-  auto* start = new QPushButton(tr("Start simulation"), this);
-  auto* stop = new QPushButton(tr("Stop simulation"), this);
-  run->addWidget(start);
-  run->addWidget(stop);
+  start_ = new QPushButton(tr("&Start simulation"), this);
+  stop_ = new QPushButton(tr("S&top simulation"), this);
+  state_ = new QLabel(this);
+  run->addWidget(start_);
+  run->addWidget(stop_);
+  run->addWidget(state_);
   layout->addLayout(run);
+  setSimulating(false);
 
   macros_ = new QGroupBox(tr("Macros"), this);
   new QGridLayout(macros_);
@@ -48,15 +77,15 @@ SimPane::SimPane(const std::vector<std::string>& devices, QWidget* parent) : QWi
     if (onDevice)
       onDevice(device());
   });
-  connect(clock_, &QSpinBox::editingFinished, this, [this] {
+  connect(clock_, &QSpinBox::valueChanged, this, [this](int hz) {
     if (onClock)
-      onClock(clock_->value());
+      onClock(hz);
   });
-  connect(start, &QPushButton::clicked, this, [this] {
+  connect(start_, &QPushButton::clicked, this, [this] {
     if (onStart)
       onStart();
   });
-  connect(stop, &QPushButton::clicked, this, [this] {
+  connect(stop_, &QPushButton::clicked, this, [this] {
     if (onStop)
       onStop();
   });
@@ -77,7 +106,34 @@ void SimPane::setDevice(const std::string& path) {
 }
 
 void SimPane::setClock(int32_t hz) {
+  QSignalBlocker quiet(clock_);
   clock_->setValue(hz);
+}
+
+void SimPane::setPins(const QString& text) {
+  pins_->setText(text);
+}
+
+void SimPane::setSimulating(bool running) {
+  start_->setEnabled(!running);
+  stop_->setEnabled(running);
+  state_->setText(running ? tr("Simulation running") : tr("Not simulating"));
+}
+
+QPushButton* SimPane::macroButton(int32_t macroId) const {
+  return macroId >= 0 && static_cast<size_t>(macroId) < calls_.size() ? calls_[macroId] : nullptr;
+}
+
+QSpinBox* SimPane::parameterBox(int32_t macroId, size_t index) const {
+  if (macroId < 0 || static_cast<size_t>(macroId) >= boxes_.size() ||
+      index >= boxes_[macroId].size())
+    return nullptr;
+  return boxes_[macroId][index];
+}
+
+void SimPane::setParameter(int32_t macroId, size_t index, int value) {
+  if (QSpinBox* box = parameterBox(macroId, index))
+    box->setValue(value);
 }
 
 void SimPane::setMacros(const std::vector<MacroRow>& macros) {
@@ -86,6 +142,8 @@ void SimPane::setMacros(const std::vector<MacroRow>& macros) {
     delete item->widget();
     delete item;
   }
+  calls_.clear();
+  boxes_.clear();
   for (size_t id = 0; id < macros.size(); ++id) {
     int row = static_cast<int>(id);
     const MacroRow& macro = macros[id];
@@ -94,10 +152,11 @@ void SimPane::setMacros(const std::vector<MacroRow>& macros) {
     std::vector<QSpinBox*> boxes;
     for (size_t p = 0; p < macro.params.size(); ++p) {
       auto* box = new QSpinBox(macros_);
-      // Wider than a parameter's range, so the component's own checks are reachable.
-      box->setRange(-32768, 65535);
+      const ParameterRange range = parameterRange(macro.params[p]);
+      box->setRange(range.min, range.max);
+      box->setToolTip(QString::fromLatin1(range.help));
       box->setPrefix(QString::fromStdString(macro.params[p]) + " = ");
-      box->setValue(p == 0 ? 1 : 0);
+      box->setValue(range.min);
       grid->addWidget(box, row, static_cast<int>(p) + 1);
       boxes.push_back(box);
     }
@@ -108,6 +167,8 @@ void SimPane::setMacros(const std::vector<MacroRow>& macros) {
       if (onMacro)
         onMacro(static_cast<int32_t>(id), args);
     });
+    calls_.push_back(call);
+    boxes_.push_back(std::move(boxes));
   }
 }
 

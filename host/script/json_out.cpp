@@ -5,13 +5,15 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "lexer.h"
+#include "platform/ansi_text.h"
 
 namespace zvhost {
 
 namespace {
 
 std::string shortestDouble(double d) {
+  if (d == 0 && std::signbit(d))
+    return "-0.0"; // "-0" would read back as the integer 0
   char buf[64];
   auto r = std::to_chars(buf, buf + sizeof buf, d);
   return std::string(buf, r.ptr);
@@ -34,58 +36,11 @@ Json scalarValue(const zv::Variant& v) {
   case zv::VarType::R8:
     return v.rawR8();
   case zv::VarType::BSTR:
-    return v.rawStr();
+    return textJson(v.rawStr());
   case zv::VarType::Variant:
     break;
   }
   return nullptr;
-}
-
-zv::VarType typeNamed(const std::string& name) {
-  static const zv::VarType all[] = {zv::VarType::Empty, zv::VarType::I2,  zv::VarType::I4,
-                                    zv::VarType::R4,    zv::VarType::R8,  zv::VarType::BSTR,
-                                    zv::VarType::Bool,  zv::VarType::UI1, zv::VarType::Variant};
-  for (zv::VarType t : all)
-    if (name == zv::varTypeName(t))
-      return t;
-  throw ScriptError("unknown variant type: " + name);
-}
-
-zv::Variant scalarFromJson(zv::VarType t, const Json& v) {
-  auto need = [&](bool ok) {
-    if (!ok)
-      throw ScriptError("bad value for " + std::string(zv::varTypeName(t)) + ": " + v.dump());
-  };
-  auto integer = [&](int64_t lo, int64_t hi) {
-    need(v.is_number_integer() && v.get<int64_t>() >= lo && v.get<int64_t>() <= hi);
-    return v.get<int64_t>();
-  };
-  switch (t) {
-  case zv::VarType::Empty:
-    return {};
-  case zv::VarType::I2:
-    return zv::Variant::i2(static_cast<int16_t>(integer(INT16_MIN, INT16_MAX)));
-  case zv::VarType::I4:
-    return zv::Variant::i4(static_cast<int32_t>(integer(INT32_MIN, INT32_MAX)));
-  case zv::VarType::UI1:
-    return zv::Variant::ui1(static_cast<uint8_t>(integer(0, 255)));
-  case zv::VarType::Bool:
-    if (v.is_boolean())
-      return zv::Variant::boolean(v.get<bool>());
-    return zv::Variant::boolean(integer(-1, 1) != 0);
-  case zv::VarType::R4:
-    need(v.is_number());
-    return zv::Variant::r4(v.get<float>());
-  case zv::VarType::R8:
-    need(v.is_number());
-    return zv::Variant::r8(v.get<double>());
-  case zv::VarType::BSTR:
-    need(v.is_string());
-    return zv::Variant::str(v.get<std::string>());
-  case zv::VarType::Variant:
-    return variantFromJson(v);
-  }
-  return {};
 }
 
 void appendString(std::string& out, const std::string& s) {
@@ -111,15 +66,18 @@ void appendString(std::string& out, const std::string& s) {
     default:
       break;
     }
-    // Well-formed UTF-8 passes; any other byte is taken as Latin-1.
-    size_t len = c < 0x80 ? 1 : (c >> 5) == 6 ? 2 : (c >> 4) == 14 ? 3 : (c >> 3) == 30 ? 4 : 0;
-    bool valid = len > 0 && i + len <= s.size();
-    for (size_t k = 1; valid && k < len; ++k)
-      valid = (static_cast<unsigned char>(s[i + k]) >> 6) == 2;
-    if (c < 0x20 || !valid) {
+    if (c < 0x20) {
       char buf[8];
       std::snprintf(buf, sizeof buf, "\\u%04x", c);
       out += buf;
+      continue;
+    }
+    // Well-formed UTF-8 passes; any other byte (script text that is not
+    // UTF-8) is shown as its Windows-1252 character, so the line stays JSON.
+    char32_t character = 0;
+    const size_t len = zv::decodeUtf8(std::string_view(s).substr(i), character);
+    if (len == 0) {
+      zv::appendUtf8FromAnsi(out, s.substr(i, 1));
       continue;
     }
     out.append(s, i, len);
@@ -168,6 +126,10 @@ void dumpTo(std::string& out, const Json& j) {
 }
 
 } // namespace
+
+Json textJson(std::string_view ansi) {
+  return zv::utf8FromAnsi(ansi);
+}
 
 Json floatJson(float f) {
   if (!std::isfinite(f))
@@ -232,8 +194,11 @@ Json inspectedJson(const zv::Inspected& i) {
 
 Json bagJson(const zv::PropertyBag& bag) {
   Json obj = Json::object();
+  // The bag's names are distinct already: appended without a search each.
+  auto& members = obj.get_ref<Json::object_t&>();
+  members.reserve(bag.entries().size());
   for (const auto& [name, value] : bag.entries())
-    obj[name] = variantJson(value);
+    members.emplace_back(zv::utf8FromAnsi(name), variantJson(value));
   return obj;
 }
 
@@ -263,47 +228,11 @@ Json drawOpJson(const zv::DrawOp& op) {
     j["op"] = "print";
     j["x"] = floatJson(op.x1);
     j["y"] = floatJson(op.y1);
-    j["text"] = op.text;
+    j["text"] = textJson(op.text);
     j["color"] = colorText(op.color);
     return j;
   }
   return j;
-}
-
-zv::Variant variantFromJson(const Json& j) {
-  if (!j.is_object() || !j.contains("vt") || !j["vt"].is_string())
-    throw ScriptError("a variant needs {\"vt\": ...}: " + j.dump());
-  std::string vt = j["vt"].get<std::string>();
-  const bool isArray = vt.size() > 2 && vt.ends_with("[]");
-  if (!isArray) {
-    const zv::VarType t = typeNamed(vt);
-    if (t == zv::VarType::Variant)
-      throw ScriptError("VARIANT is an element type only");
-    if (t != zv::VarType::Empty && !j.contains("v"))
-      throw ScriptError("missing \"v\" in " + j.dump());
-    return scalarFromJson(t, t == zv::VarType::Empty ? Json() : j["v"]);
-  }
-  const zv::VarType t = typeNamed(vt.substr(0, vt.size() - 2));
-  const Json& items = j.contains("v") ? j["v"] : Json::array();
-  if (!items.is_array())
-    throw ScriptError("an array variant needs \"v\": [...]");
-  const int64_t lb = j.contains("lb") && j["lb"].is_number_integer() ? j["lb"].get<int64_t>() : 0;
-  if (lb < INT16_MIN || lb > INT16_MAX)
-    throw ScriptError("array lower bound out of range");
-  const auto lower = static_cast<int32_t>(lb);
-  zv::SafeArray a(t, lower, lower + static_cast<int32_t>(items.size()) - 1);
-  for (size_t i = 0; i < items.size(); ++i)
-    a.set(lower + static_cast<int32_t>(i), scalarFromJson(t, items[i]));
-  return zv::Variant::array(std::move(a));
-}
-
-zv::PropertyBag bagFromJson(const Json& j) {
-  if (!j.is_object())
-    throw ScriptError("a bag is a JSON object");
-  zv::PropertyBag bag;
-  for (const auto& [name, value] : j.items())
-    bag.WriteProperty(name, variantFromJson(value));
-  return bag;
 }
 
 std::string dumpJson(const Json& j) {

@@ -1,10 +1,12 @@
-// Variants, bags, inspected fields and drawings as JSON, and back. Objects
-// keep the order in which their keys were written. A 32-bit float is written
-// as the shortest decimal that reads back to the same float, a double as the
-// shortest that reads back to the same double.
+// Variants, bags, inspected fields and drawings as JSON. Objects keep the
+// order in which their keys were written. The component's text is
+// Windows-1252; in JSON it is UTF-8, each byte its Windows-1252 character. A 32-bit float is
+// written as the shortest decimal that reads back to the same float, a double as the shortest that
+// reads back to the same double.
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include <nlohmann/json.hpp>
 
@@ -22,16 +24,15 @@ Json variantJson(const zv::Variant& v);
 // The value alone: a number, -1/0 for a Boolean, a string, an array, null for empty.
 Json plainJson(const zv::Variant& v);
 Json floatJson(float f);
+// The component's text as a JSON string.
+Json textJson(std::string_view ansi);
 Json inspectedJson(const zv::Inspected& i);
 Json bagJson(const zv::PropertyBag& bag);
 std::string colorText(zv::Color c); // "#RRGGBB"
 Json drawOpJson(const zv::DrawOp& op);
 
-// The reverse of variantJson and bagJson; a malformed value throws ScriptError.
-zv::Variant variantFromJson(const Json& j);
-zv::PropertyBag bagFromJson(const Json& j);
-
-// One line of output: ", " and ": " between items, no line end.
+// One line of output: ", " and ": " between items, no line end. Always
+// valid UTF-8, whatever bytes the strings hold.
 std::string dumpJson(const Json& j);
 
 } // namespace zvhost

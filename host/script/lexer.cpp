@@ -3,7 +3,10 @@
 #include <cctype>
 #include <charconv>
 #include <cstdint>
+#include <cstdio>
 #include <vector>
+
+#include "platform/ansi_text.h"
 
 namespace zvhost {
 
@@ -28,6 +31,17 @@ int hexDigit(char c) {
 
 [[noreturn]] void badLiteral(std::string_view text) {
   throw ScriptError("bad literal: " + std::string(text));
+}
+
+// A number too large or too small for its type reads as no number at all.
+template <class T> T real(std::string_view text, const char* first, const char* last) {
+  T value = 0;
+  const auto r = std::from_chars(first, last, value);
+  if (r.ec == std::errc::result_out_of_range)
+    throw ScriptError("number out of range: " + std::string(text));
+  if (r.ec != std::errc() || r.ptr != last)
+    badLiteral(text);
+  return value;
 }
 
 // [-]digits[.digits][e[+-]digits][%|&|!]
@@ -66,21 +80,12 @@ zv::Variant number(std::string_view text) {
   const char* first = body.data();
   const char* last = body.data() + body.size();
 
-  if (s == '!') {
-    float f = 0;
-    auto r = std::from_chars(first, last, f);
-    if (r.ec != std::errc() || r.ptr != last)
-      badLiteral(text);
-    return zv::Variant::r4(f);
-  }
+  if (s == '!')
+    return zv::Variant::r4(real<float>(text, first, last));
   if (decimal) {
     if (s != '\0')
       badLiteral(text);
-    double d = 0;
-    auto r = std::from_chars(first, last, d);
-    if (r.ec != std::errc() || r.ptr != last)
-      badLiteral(text);
-    return zv::Variant::r8(d);
+    return zv::Variant::r8(real<double>(text, first, last));
   }
   int64_t n = 0;
   auto r = std::from_chars(first, last, n);
@@ -103,12 +108,23 @@ zv::Variant number(std::string_view text) {
     return zv::Variant::i2(static_cast<int16_t>(n));
   if (fits32)
     return zv::Variant::i4(static_cast<int32_t>(n));
-  double d = 0;
-  std::from_chars(first, last, d);
-  return zv::Variant::r8(d);
+  return zv::Variant::r8(real<double>(text, first, last));
 }
 
 } // namespace
+
+std::string ansiText(std::string_view utf8) {
+  std::string ansi;
+  size_t badAt = 0;
+  if (zv::ansiFromUtf8(utf8, ansi, badAt))
+    return ansi;
+  char32_t c = 0;
+  if (zv::decodeUtf8(utf8.substr(badAt), c) == 0)
+    throw ScriptError("text that is not UTF-8 at byte " + std::to_string(badAt));
+  char code[16];
+  std::snprintf(code, sizeof code, "U+%04X", static_cast<unsigned>(c));
+  throw ScriptError(std::string("no Windows-1252 character for ") + code);
+}
 
 zv::Variant parseLiteral(std::string_view text) {
   LineScanner scanner(text);
@@ -146,7 +162,7 @@ std::string LineScanner::word() {
   if (atEnd())
     throw ScriptError("missing argument");
   if (line_[pos_] == '"')
-    return stringLiteral();
+    return stringLiteral(false);
   const size_t from = pos_;
   while (pos_ < line_.size() && !isBlank(line_[pos_]))
     ++pos_;
@@ -157,9 +173,9 @@ zv::Variant LineScanner::value() {
   if (atEnd())
     throw ScriptError("missing argument");
   if (line_[pos_] == '[')
-    return arrayLiteral();
+    return arrayLiteral(1);
   if (line_[pos_] == '"')
-    return zv::Variant::str(stringLiteral());
+    return zv::Variant::str(stringLiteral(true));
   return atom(false);
 }
 
@@ -182,7 +198,9 @@ zv::Variant LineScanner::atom(bool inArray) {
   badLiteral(text);
 }
 
-zv::Variant LineScanner::arrayLiteral() {
+zv::Variant LineScanner::arrayLiteral(int depth) {
+  if (depth > kMaxArrayNesting)
+    throw ScriptError("arrays nested deeper than " + std::to_string(kMaxArrayNesting));
   ++pos_; // '['
   std::vector<zv::Variant> items;
   if (peek() == ']') {
@@ -193,9 +211,9 @@ zv::Variant LineScanner::arrayLiteral() {
         throw ScriptError("unterminated array");
       const char c = line_[pos_];
       if (c == '[')
-        items.push_back(arrayLiteral());
+        items.push_back(arrayLiteral(depth + 1));
       else if (c == '"')
-        items.push_back(zv::Variant::str(stringLiteral()));
+        items.push_back(zv::Variant::str(stringLiteral(true)));
       else
         items.push_back(atom(true));
       const char next = peek();
@@ -208,24 +226,32 @@ zv::Variant LineScanner::arrayLiteral() {
   }
   zv::SafeArray a(zv::VarType::Variant, 0, static_cast<int32_t>(items.size()) - 1);
   for (size_t i = 0; i < items.size(); ++i)
-    a.set(static_cast<int32_t>(i), items[i]);
+    a.set(static_cast<int32_t>(i), std::move(items[i]));
   return zv::Variant::array(std::move(a));
 }
 
-std::string LineScanner::stringLiteral() {
+std::string LineScanner::stringLiteral(bool ansi) {
   ++pos_; // opening quote
   std::string out;
+  size_t plainFrom = pos_; // the characters since the last escape, not yet in out
+  auto flush = [&] {
+    const std::string_view plain = line_.substr(plainFrom, pos_ - 1 - plainFrom);
+    if (ansi)
+      out += ansiText(plain);
+    else
+      out += plain;
+  };
   while (pos_ < line_.size()) {
     const char c = line_[pos_++];
     if (c == '"') {
+      flush();
       if (pos_ < line_.size() && !isBlank(line_[pos_]) && line_[pos_] != ',' && line_[pos_] != ']')
         throw ScriptError("text after a string literal");
       return out;
     }
-    if (c != '\\') {
-      out += c;
+    if (c != '\\')
       continue;
-    }
+    flush();
     if (pos_ >= line_.size())
       break;
     const char e = line_[pos_++];
@@ -257,6 +283,7 @@ std::string LineScanner::stringLiteral() {
     default:
       throw ScriptError(std::string("bad escape \\") + e + " in string");
     }
+    plainFrom = pos_;
   }
   throw ScriptError("unterminated string");
 }

@@ -45,8 +45,9 @@ Operation op(OpKind kind, const char* name, zv::Status (I::*fn)(P...),
   constexpr bool inOut[] = {isInOut<P>()..., false};
   for (size_t i = 0; i < nArgs; ++i)
     entry.params.push_back({i < names.size() ? names[i] : "?", types[i], inOut[i]});
-  if (kind == OpKind::Get)
-    entry.result = types[total - 1];
+  if constexpr (total > 0) // a get has its result at least
+    if (kind == OpKind::Get)
+      entry.result = types[total - 1];
   entry.invoke = [fn, nArgs](I& component, std::vector<zv::Variant>& args, zv::Variant& result) {
     Storage s;
     [&]<size_t... K>(std::index_sequence<K...>) {

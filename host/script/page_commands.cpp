@@ -15,21 +15,6 @@ int16_t sign(bool b) {
   return b ? -1 : 0;
 }
 
-// One UTF-8 character at a time, so that typing makes one change per character.
-size_t characterLength(const std::string& text, size_t at) {
-  size_t len = 1;
-  while (at + len < text.size() && (static_cast<unsigned char>(text[at + len]) & 0xC0) == 0x80)
-    ++len;
-  return len;
-}
-
-void dropLastCharacter(std::string& text) {
-  size_t end = text.size();
-  while (end > 0 && (static_cast<unsigned char>(text[end - 1]) & 0xC0) == 0x80)
-    --end;
-  text.resize(end > 0 ? end - 1 : 0);
-}
-
 void requireKind(PageHandle& page, const std::string& name, ControlKind kind, const char* what) {
   const ControlKind found = page.kind(name);
   if (found == ControlKind::None)
@@ -49,9 +34,9 @@ int intValue(const zv::Variant& v) {
 Json controlJson(const ControlView& c) {
   Json j = Json::object();
   if (c.text)
-    j["text"] = *c.text;
+    j["text"] = textJson(*c.text);
   if (c.caption)
-    j["caption"] = *c.caption;
+    j["caption"] = textJson(*c.caption);
   if (c.value)
     j["value"] = *c.value;
   if (c.min)
@@ -60,8 +45,12 @@ Json controlJson(const ControlView& c) {
     j["max"] = *c.max;
   if (c.listIndex)
     j["listIndex"] = *c.listIndex;
-  if (c.items)
-    j["items"] = *c.items;
+  if (c.items) {
+    Json items = Json::array();
+    for (const std::string& item : *c.items)
+      items.push_back(textJson(item));
+    j["items"] = std::move(items);
+  }
   j["enabled"] = sign(c.enabled);
   return j;
 }
@@ -159,12 +148,9 @@ Runner::Reply Runner::pageCommand(LineScanner& scan) {
     if (text.type() != zv::VarType::BSTR || text.isArray())
       throw ScriptError("page type takes a string");
     requireKind(page, name, ControlKind::TextBox, "text box");
-    const std::string& typed = text.rawStr();
-    for (size_t at = 0; at < typed.size();) {
-      const size_t len = characterLength(typed, at);
-      page.setText(name, page.text(name) + typed.substr(at, len));
-      at += len;
-    }
+    // Windows-1252: one byte is one character.
+    for (char c : text.rawStr())
+      page.setText(name, page.text(name) + c);
     return r;
   }
   if (verb == "backspace") {
@@ -177,7 +163,7 @@ Runner::Reply Runner::pageCommand(LineScanner& scan) {
       std::string text = page.text(name);
       if (text.empty())
         break;
-      dropLastCharacter(text);
+      text.pop_back();
       page.setText(name, text);
     }
     return r;

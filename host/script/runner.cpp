@@ -1,10 +1,10 @@
 #include "runner.h"
 
 #include <charconv>
-#include <fstream>
 #include <iostream>
-#include <sstream>
 
+#include "file_io.h"
+#include "json_in.h"
 #include "platform/errors.h"
 #include "platform/vbnum.h"
 
@@ -65,21 +65,11 @@ zv::Variant defaultArgument(ParamType t) {
   return {};
 }
 
-std::string readWholeFile(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in)
-    throw ScriptError("cannot read " + path);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
-Json parseJson(const std::string& text) {
-  try {
-    return Json::parse(text);
-  } catch (const Json::parse_error& e) {
-    throw ScriptError("bad JSON at character " + std::to_string(e.byte));
-  }
+std::string readBagFile(const std::string& path) {
+  std::string text, error;
+  if (!readRegularFile(path, text, error))
+    throw ScriptError(error);
+  return text;
 }
 
 } // namespace
@@ -164,9 +154,13 @@ std::optional<Json> Runner::execute(int lineNumber, const std::string& line) {
     answer["result"] = std::move(*reply.result);
   if (reply.byref)
     answer["byref"] = std::move(*reply.byref);
-  answer["messages"] = boxes_.texts;
+  Json messages = Json::array();
+  for (const std::string& text : boxes_.texts)
+    messages.push_back(textJson(text));
+  answer["messages"] = std::move(messages);
   if (!reply.status.ok())
-    answer["error"] = {{"number", reply.status.number}, {"description", reply.status.description}};
+    answer["error"] = {{"number", reply.status.number},
+                       {"description", textJson(reply.status.description)}};
   return answer;
 }
 
@@ -269,7 +263,7 @@ Runner::Reply Runner::readProps(LineScanner& scan) {
     const std::string path = scan.word();
     if (!scan.atEnd())
       throw ScriptError("unexpected argument: " + scan.rest());
-    return parseJson(readWholeFile(path));
+    return parseJson(readBagFile(path));
   }();
   zv::PropertyBag bag = bagFromJson(source);
   Reply r;
@@ -288,12 +282,9 @@ Runner::Reply Runner::writeProps(LineScanner& scan) {
   Reply r;
   r.status = c.writeProperties(bag);
   r.result = bagJson(bag);
-  if (!path.empty()) {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out << dumpJson(*r.result) << '\n';
-    if (!out)
-      throw ScriptError("cannot write " + path);
-  }
+  std::string error;
+  if (!path.empty() && !replaceFile(path, dumpJson(*r.result) + '\n', error))
+    throw ScriptError(error);
   return r;
 }
 

@@ -48,7 +48,7 @@ Runner::Reply Runner::panel() {
     Json one;
     one["visible"] = sign(item.visible);
     if (item.caption)
-      one["caption"] = *item.caption;
+      one["caption"] = textJson(*item.caption);
     controls[item.name] = std::move(one);
   }
   j["controls"] = std::move(controls);
@@ -70,6 +70,10 @@ Runner::Reply Runner::canvas(LineScanner& scan) {
     const float height = floatWord(scan.word());
     if (!scan.atEnd())
       throw ScriptError("unexpected argument: " + scan.rest());
+    // Larger than any screen, a canvas only multiplies what a plot draws on it.
+    constexpr float kMaxTwips = 100000;
+    if (!(width >= 0 && width <= kMaxTwips && height >= 0 && height <= kMaxTwips))
+      throw ScriptError("canvas size: width and height are 0 to 100000 twips");
     view = c.canvas(index, std::make_pair(width, height));
   }
   Json j;

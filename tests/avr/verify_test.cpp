@@ -2,7 +2,11 @@
 // the panel's, what the chip cannot do is said, and the waveform read back
 // from its VCD by sigrok-cli has the edges the measurement found.
 #include <QAction>
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -197,6 +201,11 @@ TEST_F(Verify, WindowActionDrawsTracesWithThePanelsNumbers) {
          "call StartSimulation\ncall SimMacroCall 0 [1]\ncall SimMacroCall 0 [2]\n"
          "call SimMacroCall 2 [1, 50]\ncall SimMacroCall 2 [2, 150]\n"
          "call SimMacroCall 3 [99, 1]\ncall SimMacroCall 4 [2, 1, 0]\n";
+  // The window asks before the script's component takes the panel.
+  QTimer::singleShot(0, [] {
+    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+      box->button(QMessageBox::Open)->click();
+  });
   ASSERT_TRUE(window.openScript(script));
   while (window.scriptPane()->step()) {
   }

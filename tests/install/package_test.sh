@@ -35,7 +35,7 @@ done
 for f in AVR_PWM.c help/AVR_PWM.chm; do
   [ -f "$root/$lib/zelvor/components/$f" ] || fail "missing $f"
 done
-for f in copyright changelog.gz script-reference.md; do
+for f in copyright changelog.gz script-reference.md help/index.html help/desktop.html; do
   [ -f "$root/usr/share/doc/zelvor-avr-pwm/$f" ] || fail "missing doc $f"
 done
 

@@ -91,12 +91,22 @@ TEST_F(PageDialogTest, OkAppliesTheEditsThenCloses) {
 }
 
 TEST_F(PageDialogTest, AFailedApplyKeepsTheDialogOpenAndChangedSet) {
+  dialog->show();
+  const QSize size = dialog->size();
   // An empty register has no 16-bit value for Pr2.
   clearRegister();
   dialog->okButton()->click();
   EXPECT_NE(dialog->result(), QDialog::Accepted);
   EXPECT_TRUE(page->site().Changed());
   EXPECT_TRUE(dialog->applyButton()->isEnabled());
+  EXPECT_TRUE(dialog->failureLabel()->text().startsWith(
+      "Not applied: the period register box is empty or holds no number."));
+  EXPECT_EQ(dialog->size(), size);
+  // The sentence goes with the next apply that works.
+  QTest::keyClicks(pr2, "5");
+  dialog->applyButton()->click();
+  EXPECT_TRUE(dialog->failureLabel()->text().isEmpty());
+  EXPECT_EQ(dialog->size(), size);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // Script literals as the runner reads them, checked through their JSON form.
 #include <gtest/gtest.h>
 
+#include "host/script/json_in.h"
 #include "host/script/json_out.h"
 #include "host/script/lexer.h"
 
@@ -25,6 +26,7 @@ TEST(ScriptLiteral, TypeFollowsSizeSuffixAndForm) {
       {"3!", R"({"vt": "R4", "v": 3})"},
       {R"("")", R"({"vt": "BSTR", "v": ""})"},
       {R"("\r\n\x41\x7a")", R"({"vt": "BSTR", "v": "\r\nAz"})"},
+      {R"("Café \xE9\x80")", R"({"vt": "BSTR", "v": "Café é€"})"},
       {"[1, 128]",
        R"({"vt": "VARIANT[]", "lb": 0, "v": [{"vt": "I2", "v": 1}, {"vt": "I2", "v": 128}]})"},
       {R"([ [70000,"x, y]"] ,empty ])",
@@ -37,9 +39,33 @@ TEST(ScriptLiteral, TypeFollowsSizeSuffixAndForm) {
 }
 
 TEST(ScriptLiteral, MalformedLiteralsAreScriptErrors) {
-  const char* bad[] = {"abc",    "Pic_Graph(0)", "-",   "1e",   "12abc",   "1.5%",     "1.5&",
-                       "40000%", "3000000000&",  "1%%", "\"ab", "\"\\q\"", "\"\\x4\"", "\"a\"b",
-                       "[1 2]",  "[1,",          "[",   "[1,]", "True",    "[,1]"};
+  const char* bad[] = {"abc",
+                       "Pic_Graph(0)",
+                       "-",
+                       "1e",
+                       "12abc",
+                       "1.5%",
+                       "1.5&",
+                       "40000%",
+                       "3000000000&",
+                       "1%%",
+                       "\"ab",
+                       "\"\\q\"",
+                       "\"\\x4\"",
+                       "\"a\"b",
+                       "[1 2]",
+                       "[1,",
+                       "[",
+                       "[1,]",
+                       "True",
+                       "[,1]",
+                       "1e309",
+                       "-1e309",
+                       "1e-400",
+                       "1e39!",
+                       "[1, 1e309]",
+                       "\"\xE9\"",
+                       "\"\xE2\x86\x92\""};
   for (const char* literal : bad)
     EXPECT_THROW(zvhost::parseLiteral(literal), zvhost::ScriptError) << literal;
 }
@@ -66,7 +92,7 @@ TEST(VariantJson, BagValuesReadBackAsWritten) {
       R"({"vt": "VARIANT[]", "lb": 0, "v": [{"vt": "I2", "v": 3}, {"vt": "EMPTY"}]})",
   };
   for (const char* text : values) {
-    const zvhost::Json j = zvhost::Json::parse(text);
+    const zvhost::Json j = zvhost::parseJson(text);
     EXPECT_EQ(zvhost::dumpJson(zvhost::variantJson(zvhost::variantFromJson(j))), text);
   }
   const char* bad[] = {R"({"v": 1})",
@@ -77,7 +103,7 @@ TEST(VariantJson, BagValuesReadBackAsWritten) {
                        R"({"vt": "X", "v": 1})",
                        R"({"vt": "VARIANT", "v": 1})"};
   for (const char* text : bad)
-    EXPECT_THROW(zvhost::variantFromJson(zvhost::Json::parse(text)), zvhost::ScriptError) << text;
+    EXPECT_THROW(zvhost::variantFromJson(zvhost::parseJson(text)), zvhost::ScriptError) << text;
 }
 
 } // namespace
