@@ -1,7 +1,7 @@
 # Every golden script and example through zelvor-host.exe under Wine, after
 # registering the server with regsvr32 in a private prefix: each must print
-# what the Linux host prints, line for line, render lines aside (this host
-# draws no pictures). The Linux host's output is the golden file of a test
+# what the Linux host prints, line for line, render lines (this host draws no
+# pictures) and commands on Unix device files aside. The Linux host's output is the golden file of a test
 # script, and for an example the output of LINUX_HOST when it is given. A
 # script with a VBScript twin (tests/windows/NAME.vbs) must also answer what
 # the twin prints under cscript, call for call.
@@ -17,9 +17,10 @@ function(windows_path unix out)
   set(${out} "Z:${path}" PARENT_SCOPE)
 endfunction()
 
-# The lines of a JSON Lines text without those of render commands.
+# The lines of a JSON Lines text without those of render commands and of
+# commands on Unix device files (/dev/...), which Windows does not have.
 function(without_render text out)
-  string(REGEX REPLACE "[^\n]*\"cmd\": \"render [^\n]*\n" "" kept "${text}")
+  string(REGEX REPLACE "[^\n]*\"cmd\": \"(render |[a-z]+ /dev/)[^\n]*\n" "" kept "${text}")
   set(${out} "${kept}" PARENT_SCOPE)
 endfunction()
 
