@@ -12,12 +12,11 @@
 // arguments beyond them are dropped, as the simulated macros ignore them.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <variant>
 #include <vector>
-
-#include <functional>
 
 #include "zelvor/izelvor.h"
 #include "zelvor/objects.h"
@@ -27,8 +26,8 @@ namespace zvhost {
 // A component as programs are made from it: its host interface, and its
 // public properties by name (a failure raises its run-time error).
 struct ProgramSource {
-  // An object of this process.
-  ProgramSource(zv::ComponentObject& object); // NOLINT: implicit, as the object stands for itself
+  // An object of this process; not explicit, as the object stands for itself.
+  ProgramSource(zv::ComponentObject& object);
   ProgramSource(zv::IZelvorComponentV4& host,
                 std::function<zv::Variant(const std::string&)> property);
   zv::IZelvorComponentV4& host;
