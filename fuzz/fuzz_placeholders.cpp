@@ -5,7 +5,7 @@
 
 #include <array>
 
-#include "component/sim/prescaler.h"
+#include "sim/prescaler.h"
 #include "support.h"
 
 using namespace zv;
@@ -36,7 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   pwm->iPr2 = in.ConsumeIntegral<int16_t>();
   pwm->iPrescaler = in.ConsumeBool() ? kPrescalers[in.ConsumeIntegralInRange(0, 7)].value
                                      : in.ConsumeIntegral<int16_t>();
-  pwm->bUseAltPin = in.ConsumeBool() ? -1 : 0;
+  pwm->bUseAltPin = vbBool(in.ConsumeBool());
   pwm->iHasAltPin = in.ConsumeIntegral<int16_t>();
   const size_t filler = in.ConsumeIntegral<uint8_t>() * size_t{256};
   const std::string original = std::string(filler, '%') + in.ConsumeRemainingBytesAsString();

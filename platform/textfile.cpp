@@ -21,7 +21,6 @@
 namespace zv {
 
 namespace {
-constexpr int errInputPastEnd = 62;
 // Large enough that a 16 MiB file is a handful of reads.
 constexpr size_t kBlockSize = size_t{1} << 20;
 constexpr size_t kMinBlockSize = 4096;
@@ -102,7 +101,7 @@ bool LineReader::fill() {
 
 bool LineReader::atEnd() {
   if (fd_ < 0)
-    raise(52); // bad file name or number: the channel is not open
+    raise(errBadFileNameOrNumber); // the channel is not open
   return !fill();
 }
 

@@ -10,8 +10,8 @@
 #include <fstream>
 
 #include "devices.h"
-#include "host/script/json_out.h"
 #include "host/pictures/render.h"
+#include "host/script/json_out.h"
 #include "platform/vbnum.h"
 #include "qt/page_dialog.h"
 
@@ -46,7 +46,6 @@ zv::Variant paramsOf(const std::vector<long>& args) {
 
 MainWindow::MainWindow(const Plugin& plugin, const std::string& devicesFolder, QWidget* parent)
     : QMainWindow(parent), plugin_(plugin), boxes_(this) {
-  zv::setMessageBoxService(&boxes_);
   zvqt::setErrorReporter([this](int number, const std::string& description) {
     statusBar()->showMessage(
         tr("Run-time error %1: %2").arg(number).arg(QString::fromStdString(description)));
@@ -114,7 +113,6 @@ MainWindow::~MainWindow() {
   runner_.reset();
   own_.reset();
   zvqt::setErrorReporter(nullptr);
-  zv::setMessageBoxService(nullptr);
 }
 
 void MainWindow::buildMenus() {
@@ -229,7 +227,7 @@ bool MainWindow::newComponent(const Project* project, std::string& error) {
   calls_.erase(own_.get());
   own_.reset();
   zv::Status status;
-  own_ = plugin_.createComponent("", "", status);
+  own_ = plugin_.createComponent("", "", status, &boxes_);
   if (!own_) {
     error = "the component could not be created: run-time error " + std::to_string(status.number) +
             ": " + status.description;
@@ -237,8 +235,7 @@ bool MainWindow::newComponent(const Project* project, std::string& error) {
     return false;
   }
   if (project) {
-    zv::PropertyBag bag = project->properties;
-    report("ReadProperties", own_->ReadProperties(bag));
+    report("ReadProperties", own_->ReadProperties(project->properties));
     sim_->setDevice(project->device);
     sim_->setClock(project->clock);
   } else {
@@ -260,9 +257,8 @@ bool MainWindow::openScript(const std::string& path) {
     return false;
   }
   scriptPath_ = path;
-  runner_ = std::make_unique<Runner>(plugin_);
   // The runner answers the boxes of its own commands; the user answers the rest.
-  zv::setMessageBoxService(&boxes_);
+  runner_ = std::make_unique<Runner>(plugin_, &boxes_);
   showComponent();
   return true;
 }
@@ -278,7 +274,6 @@ void MainWindow::dropScript() {
   for (auto it = calls_.begin(); it != calls_.end();)
     it = it->first == own_.get() ? std::next(it) : calls_.erase(it);
   runner_.reset();
-  zv::setMessageBoxService(&boxes_);
   showComponent();
 }
 
@@ -310,7 +305,7 @@ void MainWindow::showProperties() {
   if (!c)
     return;
   zv::Status status;
-  Plugin::PagePtr page = plugin_.createPage(status);
+  Plugin::PagePtr page = plugin_.createPage(status, &boxes_);
   if (!page) {
     report("Property page", status);
     return;

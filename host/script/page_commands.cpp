@@ -11,10 +11,6 @@ namespace zvhost {
 
 namespace {
 
-int16_t sign(bool b) {
-  return b ? -1 : 0;
-}
-
 // One UTF-8 character at a time, so that typing makes one change per character.
 size_t characterLength(const std::string& text, size_t at) {
   size_t len = 1;
@@ -69,7 +65,7 @@ Json controlJson(const zv::Control& c) {
     j["listIndex"] = b->ListIndex();
     j["items"] = b->items();
   }
-  j["enabled"] = sign(c.Enabled());
+  j["enabled"] = zv::vbBool(c.Enabled());
   return j;
 }
 
@@ -89,7 +85,7 @@ Json Runner::pageState() {
   for (zv::Control* c : page.controls())
     controls[c->name()] = controlJson(*c);
   j["controls"] = std::move(controls);
-  j["changed"] = sign(page.site().Changed());
+  j["changed"] = zv::vbBool(page.site().Changed());
   zv::Control* focus = page.site().focus();
   j["focus"] = focus ? Json(focus->name()) : Json(nullptr);
   return j;
@@ -105,7 +101,7 @@ Runner::Reply Runner::pageCommand(LineScanner& scan) {
   if (verb == "new") {
     noMore();
     page_.reset();
-    page_ = plugin_.createPage(r.status);
+    page_ = plugin_.createPage(r.status, &boxes_);
     if (!page_ && r.status.ok())
       r.status = {zv::errInvalidCall, zv::errorDescription(zv::errInvalidCall)};
     return r;

@@ -53,9 +53,9 @@ TEST(Program, BuildsWithoutCallsForEveryDeviceAndSetting) {
     for (int16_t alt : {0, -1}) {
       SCOPED_TRACE(device.name + (alt ? " alternative pin" : ""));
       Scenario s(device);
-      s.pwm->setUseAltPin(alt);
-      s.pwm->setPr2(255);
-      s.pwm->setPrescaler(-3);
+      s.set("UseAltPin", zv::Variant::boolean(alt != 0));
+      s.set("Pr2", zv::Variant::i2(255));
+      s.set("Prescaler", zv::Variant::i2(-3));
       std::string program, error, log;
       ASSERT_TRUE(zvhost::generateProgram(*s.pwm, {}, program, error)) << error;
       const std::string dir = workDir("Program.BuildsWithoutCalls_" + device.name);

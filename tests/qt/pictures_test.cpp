@@ -61,9 +61,6 @@ void simulate(zv::ComponentObject& c, const std::vector<std::vector<int>>& calls
 
 class PicturesTest : public ::testing::Test, zvqt_test::WithApp {
 protected:
-  void SetUp() override { zv::setMessageBoxService(&boxes); }
-  void TearDown() override { zv::setMessageBoxService(nullptr); }
-  zv::HeadlessMessageBoxes boxes;
 };
 
 TEST_F(PicturesTest, PanelWidgetMatchesTheRenderedPanel) {
