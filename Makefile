@@ -3,10 +3,10 @@ SHELL := /bin/bash
 PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev \
 	nlohmann-json3-dev qt6-base-dev libgl-dev fp-utils clang-format \
 	gcc-avr avr-libc binutils-avr simavr libsimavr-dev libelf-dev \
-	clang libclang-rt-14-dev wine64 g++-mingw-w64-x86-64
+	clang libclang-rt-14-dev wine64 g++-mingw-w64-x86-64 doxygen
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
-.PHONY: deps build test test-default test-asan demo bench format clean fuzz fuzz-smoke fuzz-build fuzz-run
+.PHONY: deps build test test-default test-asan demo bench format clean fuzz fuzz-smoke fuzz-build fuzz-run api-docs
 
 deps:
 	@missing=""; for p in $(PACKAGES); do \
@@ -55,6 +55,11 @@ fuzz-run:
 	    -print_final_stats=0 -artifact_prefix=build-fuzz/crashes/$$t- \
 	    build-fuzz/corpus/$$t fuzz/corpus/$$t 2>build-fuzz/$$t.log || { tail -40 build-fuzz/$$t.log; exit 1; }; \
 	done
+
+# The API reference of include/zelvor, in build/docs/api/html.
+api-docs: deps
+	cmake --preset default >/dev/null
+	cmake --build --preset default --target api-docs
 
 demo: build
 	./examples/run-demo.sh
