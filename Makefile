@@ -3,10 +3,10 @@ SHELL := /bin/bash
 PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev \
 	nlohmann-json3-dev qt6-base-dev libgl-dev fp-utils clang-format \
 	gcc-avr avr-libc binutils-avr simavr libsimavr-dev libelf-dev \
-	clang libclang-rt-14-dev wine64 g++-mingw-w64-x86-64 doxygen
+	clang libclang-rt-14-dev wine64 g++-mingw-w64-x86-64 mingw-w64-tools doxygen
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
-.PHONY: deps build test test-default test-asan demo bench format clean fuzz fuzz-smoke fuzz-build fuzz-run api-docs
+.PHONY: deps build test test-default test-asan test-windows bench-windows demo bench format clean fuzz fuzz-smoke fuzz-build fuzz-run api-docs
 
 deps:
 	@missing=""; for p in $(PACKAGES); do \
@@ -22,7 +22,7 @@ build: deps
 	cmake --preset default >/dev/null
 	cmake --build --preset default
 
-test: test-default test-asan fuzz-smoke
+test: test-default test-asan fuzz-smoke test-windows
 
 test-default: build
 	ctest --preset default
@@ -31,6 +31,22 @@ test-asan: deps
 	cmake --preset asan >/dev/null
 	cmake --build --preset asan
 	ctest --preset asan
+
+# The Windows in-process server (MinGW-w64), registered and driven under Wine
+# in a private prefix in build-windows/.
+test-windows: deps
+	cmake --preset windows >/dev/null
+	cmake --build --preset windows
+	ctest --preset windows
+
+bench-windows: deps
+	cmake --preset windows >/dev/null
+	cmake --build --preset windows --target com_bench
+	@set -e; export WINEPREFIX=$(CURDIR)/build-windows/wine-prefix WINEDEBUG=-all; unset DISPLAY; \
+	  wine=/usr/lib/wine/wine64; ocx="Z:$$(echo $(CURDIR)/build-windows/bin/AVR_PWM.ocx | tr / '\\')"; \
+	  $$wine regsvr32 /s "$$ocx"; \
+	  $$wine build-windows/bin/com_bench.exe "Z:$$(echo $(CURDIR)/devices/ATmega328P.zvd | tr / '\\')" | tr -d '\r'; \
+	  $$wine regsvr32 /s /u "$$ocx"; /usr/lib/wine/wineserver -k
 
 # Fuzz targets (libFuzzer, sanitizers): fuzz-smoke runs each for a few seconds,
 # fuzz for FUZZ_SECONDS each. Found inputs go to build-fuzz/, never to fuzz/corpus.
@@ -73,4 +89,4 @@ format:
 	find platform component qt host tools tests bench fuzz -name '*.cpp' -o -name '*.h' | xargs clang-format -i
 
 clean:
-	rm -rf build build-asan build-release build-fuzz out
+	rm -rf build build-asan build-release build-fuzz build-windows out

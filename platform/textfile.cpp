@@ -21,6 +21,22 @@
 namespace zv {
 
 namespace {
+#ifdef _WIN32
+// Bytes as they are: the C runtime would otherwise turn CR LF into LF.
+constexpr int kOpenFlags = O_RDONLY | O_BINARY;
+#else
+constexpr int kOpenFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
+#endif
+#ifdef _WIN32
+// The C library there has no memrchr.
+const void* memrchr(const void* s, int c, size_t n) {
+  const auto* p = static_cast<const unsigned char*>(s);
+  while (n > 0)
+    if (p[--n] == static_cast<unsigned char>(c))
+      return p + n;
+  return nullptr;
+}
+#endif
 // Large enough that a 16 MiB file is a handful of reads.
 constexpr size_t kBlockSize = size_t{1} << 20;
 constexpr size_t kMinBlockSize = 4096;
@@ -33,7 +49,7 @@ bool fileExists(const std::string& path) {
 
 LineReader::LineReader(const std::string& path) {
   // Without blocking, so a FIFO is refused below instead of waiting for a writer.
-  fd_ = path.empty() ? -1 : ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  fd_ = path.empty() ? -1 : ::open(path.c_str(), kOpenFlags);
   if (fd_ < 0) {
     if (!path.empty() && errno != ENOENT && errno != ENOTDIR)
       raise(errPathAccess);

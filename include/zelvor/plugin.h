@@ -7,8 +7,13 @@
 
 #include "objects.h"
 
-/// Exports an entry point by its C name.
+/// Exports an entry point by its C name. Inside the Windows library the COM
+/// adapter calls these, and nothing exports them.
+#ifdef _WIN32
+#define ZV_EXPORT extern "C"
+#else
 #define ZV_EXPORT extern "C" __attribute__((visibility("default")))
+#endif
 
 /// Creates a component; its start-up runs, reading the code file
 /// folder/baseName.c (null or empty: the library's own folder and base name),

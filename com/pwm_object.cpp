@@ -1,0 +1,116 @@
+#include "pwm_object.h"
+
+#include "invoke.h"
+#include "platform/library.h"
+#include "server.h"
+#include "zelvor/plugin.h"
+
+namespace zvcom {
+
+namespace {
+
+std::string libraryBaseName() {
+  return zv::libraryFactsOf(reinterpret_cast<const void*>(&modulePath)).baseName;
+}
+
+} // namespace
+
+void PwmObject::Destroy::operator()(zv::ComponentObject* c) const {
+  zelvor_destroy_component(c);
+}
+
+PwmObject::PwmObject() : boxes_(libraryBaseName()) {
+  objectCreated();
+}
+
+PwmObject::~PwmObject() {
+  objectDestroyed();
+}
+
+HRESULT PwmObject::create(REFIID iid, void** out) {
+  if (!out)
+    return E_POINTER;
+  *out = nullptr;
+  PwmObject* object = new (std::nothrow) PwmObject();
+  if (!object)
+    return E_OUTOFMEMORY;
+  // The start-up's message boxes are the system's: no site is known yet. It
+  // runs before there is a component to hand them to.
+  HRESULT hr = object->call(IID__PWM, [&] {
+    zv::Status status;
+    {
+      zv::ScopedDefaultMessageBoxes startUp(object->boxes_);
+      object->component_.reset(zelvor_create_component(nullptr, nullptr, &status));
+    }
+    if (object->component_)
+      object->component_->setMessageBoxes(&object->boxes_);
+    return status;
+  });
+  if (SUCCEEDED(hr))
+    hr = object->QueryInterface(iid, out);
+  object->Release();
+  return hr;
+}
+
+HRESULT PwmObject::QueryInterface(REFIID iid, void** out) {
+  if (!out)
+    return E_POINTER;
+  if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch) || IsEqualIID(iid, IID__PWM))
+    *out = static_cast<_PWM*>(this);
+  else if (IsEqualIID(iid, IID_IZelvorComponentV4))
+    *out = static_cast<::IZelvorComponentV4*>(&v4_);
+  else if (IsEqualIID(iid, IID_ISupportErrorInfo))
+    *out = static_cast<ISupportErrorInfo*>(this);
+  else if (IsEqualIID(iid, IID_IOleObject))
+    *out = static_cast<IOleObject*>(this);
+  // Diagnostic interfaces for hosts and tests are handed out here.
+  else {
+    *out = nullptr;
+    return E_NOINTERFACE;
+  }
+  AddRef();
+  return S_OK;
+}
+
+ULONG PwmObject::AddRef() {
+  return ++references_;
+}
+
+ULONG PwmObject::Release() {
+  const ULONG left = --references_;
+  if (left == 0) {
+    component_.reset();
+    delete this;
+  }
+  return left;
+}
+
+HRESULT PwmObject::GetTypeInfoCount(UINT* count) {
+  if (!count)
+    return E_POINTER;
+  *count = 1;
+  return S_OK;
+}
+
+HRESULT PwmObject::GetTypeInfo(UINT index, LCID, ITypeInfo** info) {
+  return typeInfoFor(IID__PWM, index, info);
+}
+
+HRESULT PwmObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+  return idsOfNames(IID__PWM, names, count, ids);
+}
+
+HRESULT PwmObject::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPARAMS* params,
+                          VARIANT* result, EXCEPINFO* exception, UINT* argError) {
+  if (!IsEqualIID(iid, IID_NULL))
+    return DISP_E_UNKNOWNINTERFACE;
+  if (!info_ && !(info_ = interfaceInfo(IID__PWM)))
+    return TYPE_E_CANTLOADLIBRARY;
+  return invoke(*info_, static_cast<_PWM*>(this), id, flags, params, result, exception, argError);
+}
+
+HRESULT PwmObject::InterfaceSupportsErrorInfo(REFIID iid) {
+  return IsEqualIID(iid, IID__PWM) || IsEqualIID(iid, IID_IZelvorComponentV4) ? S_OK : S_FALSE;
+}
+
+} // namespace zvcom

@@ -1,0 +1,104 @@
+// Registration: the class with its ProgIDs and in-process server, and both
+// type libraries. Unregistration removes exactly that again.
+#include <olectl.h>
+
+#include <string>
+
+#include "avr_pwm.h"
+#include "type_info.h"
+
+namespace {
+
+constexpr wchar_t kProgId[] = L"Zelvor_AVR_PWM.PWM.1";
+constexpr wchar_t kVersionIndependentProgId[] = L"Zelvor_AVR_PWM.PWM";
+constexpr wchar_t kClassName[] = L"Zelvor AVR PWM component";
+constexpr WORD kLibraryMajor = 4, kLibraryMinor = 0;
+
+std::wstring text(REFGUID guid) {
+  wchar_t buffer[40];
+  StringFromGUID2(guid, buffer, 40);
+  return buffer;
+}
+
+// Sets a value (the default one when name is null) of key, creating the key.
+bool setValue(const std::wstring& key, const wchar_t* name, const std::wstring& value) {
+  HKEY handle = nullptr;
+  if (RegCreateKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &handle,
+                      nullptr) != ERROR_SUCCESS)
+    return false;
+  const LONG result =
+      RegSetValueExW(handle, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
+                     static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
+  RegCloseKey(handle);
+  return result == ERROR_SUCCESS;
+}
+
+// The default value of key, empty when there is none.
+std::wstring valueOf(const std::wstring& key) {
+  wchar_t buffer[128] = {};
+  DWORD size = sizeof buffer - sizeof(wchar_t);
+  if (RegGetValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, buffer,
+                   &size) != ERROR_SUCCESS)
+    return {};
+  return buffer;
+}
+
+// Removes a ProgID only while it still names our class.
+void removeProgId(const std::wstring& progId, const std::wstring& clsid) {
+  if (valueOf(progId + L"\\CLSID") == clsid)
+    RegDeleteTreeW(HKEY_CLASSES_ROOT, progId.c_str());
+}
+
+bool registerClass() {
+  const std::wstring clsid = text(CLSID_PWM);
+  const std::wstring key = L"CLSID\\" + clsid;
+  return setValue(key, nullptr, kClassName) &&
+         setValue(key + L"\\InprocServer32", nullptr, zvcom::modulePath()) &&
+         setValue(key + L"\\InprocServer32", L"ThreadingModel", L"Apartment") &&
+         setValue(key + L"\\ProgID", nullptr, kProgId) &&
+         setValue(key + L"\\VersionIndependentProgID", nullptr, kVersionIndependentProgId) &&
+         setValue(key + L"\\TypeLib", nullptr, text(LIBID_Zelvor_AVR_PWM)) &&
+         setValue(key + L"\\Version", nullptr, L"4.0") &&
+         setValue(key + L"\\Programmable", nullptr, L"") &&
+         setValue(kProgId, nullptr, kClassName) &&
+         setValue(std::wstring(kProgId) + L"\\CLSID", nullptr, clsid) &&
+         setValue(kVersionIndependentProgId, nullptr, kClassName) &&
+         setValue(std::wstring(kVersionIndependentProgId) + L"\\CLSID", nullptr, clsid) &&
+         setValue(std::wstring(kVersionIndependentProgId) + L"\\CurVer", nullptr, kProgId);
+}
+
+HRESULT registerTypeLibraries() {
+  // The host's library first: the component's refers to it.
+  for (auto which : {zvcom::TypeLibrary::Host, zvcom::TypeLibrary::Component}) {
+    ITypeLib* library = nullptr;
+    const HRESULT hr = zvcom::loadTypeLibrary(which, &library, true);
+    if (FAILED(hr))
+      return hr;
+    library->Release();
+  }
+  return S_OK;
+}
+
+} // namespace
+
+extern "C" HRESULT STDAPICALLTYPE DllUnregisterServer() {
+  const std::wstring clsid = text(CLSID_PWM);
+  removeProgId(kProgId, clsid);
+  removeProgId(kVersionIndependentProgId, clsid);
+  RegDeleteTreeW(HKEY_CLASSES_ROOT, (L"CLSID\\" + clsid).c_str());
+  UnRegisterTypeLib(LIBID_Zelvor_AVR_PWM, kLibraryMajor, kLibraryMinor, LOCALE_NEUTRAL, SYS_WIN64);
+  UnRegisterTypeLib(LIBID_ZelvorCompV4Lib, kLibraryMajor, kLibraryMinor, LOCALE_NEUTRAL, SYS_WIN64);
+  return S_OK;
+}
+
+extern "C" HRESULT STDAPICALLTYPE DllRegisterServer() {
+  if (FAILED(registerTypeLibraries())) {
+    DllUnregisterServer();
+    return SELFREG_E_TYPELIB;
+  }
+  if (!registerClass()) {
+    DllUnregisterServer();
+    return SELFREG_E_CLASS;
+  }
+  return S_OK;
+}

@@ -1,0 +1,26 @@
+// The system's message box with one OK button: the platform's default service
+// on Windows. Texts are the component's Windows-1252 bytes.
+#pragma once
+
+#include <string>
+
+#include "../msgbox.h"
+
+namespace zv {
+
+class SystemMessageBoxes : public MessageBoxService {
+public:
+  // defaultTitle stands where a box is given no title.
+  explicit SystemMessageBoxes(std::string defaultTitle) : defaultTitle_(std::move(defaultTitle)) {}
+  void show(const std::string& text, const std::string& title) override;
+
+private:
+  std::string defaultTitle_;
+};
+
+// Windows-1252 bytes to UTF-16 and back; a character that code page lacks
+// becomes '?'.
+std::wstring wideFrom1252(const std::string& text);
+std::string narrowTo1252(const wchar_t* text, size_t length);
+
+} // namespace zv
