@@ -5,6 +5,7 @@
 
 #include <array>
 
+#include "platform/vbnum.h"
 #include "sim/prescaler.h"
 #include "support.h"
 
