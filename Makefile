@@ -1,12 +1,14 @@
 # make build | make test | make demo — each installs missing Debian packages first.
 SHELL := /bin/bash
 PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev \
-	nlohmann-json3-dev qt6-base-dev libgl-dev fp-utils clang-format \
-	gcc-avr avr-libc binutils-avr simavr libsimavr-dev libelf-dev \
-	clang libclang-rt-14-dev wine64 g++-mingw-w64-x86-64 mingw-w64-tools doxygen
+	nlohmann-json3-dev qt6-base-dev qt6-svg-dev libgl-dev fp-utils clang-format \
+	gcc-avr avr-libc binutils-avr simavr libsimavr-dev libelf-dev sigrok-cli \
+	clang libclang-rt-14-dev wine64 g++-mingw-w64-x86-64 mingw-w64-tools \
+	dpkg-dev lintian debootstrap nsis xvfb doxygen
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
-.PHONY: deps build test test-default test-asan test-windows bench-windows demo bench format clean fuzz fuzz-smoke fuzz-build fuzz-run api-docs
+.PHONY: deps build test test-default test-asan test-windows bench-windows demo bench format clean fuzz fuzz-smoke \
+	fuzz-build fuzz-run package install-test installer installer-test api-docs
 
 deps:
 	@missing=""; for p in $(PACKAGES); do \
@@ -22,7 +24,7 @@ build: deps
 	cmake --preset default >/dev/null
 	cmake --build --preset default
 
-test: test-default test-asan fuzz-smoke test-windows
+test: test-default test-asan fuzz-smoke test-windows install-test installer-test
 
 test-default: build
 	ctest --preset default
@@ -33,7 +35,7 @@ test-asan: deps
 	ctest --preset asan
 
 # The Windows in-process server (MinGW-w64), registered and driven under Wine
-# in a private prefix in build-windows/.
+# in a private prefix in build-windows/; the OLE control test on a virtual display (Xvfb).
 test-windows: deps
 	cmake --preset windows >/dev/null
 	cmake --build --preset windows
@@ -76,6 +78,29 @@ fuzz-run:
 api-docs: deps
 	cmake --preset default >/dev/null
 	cmake --build --preset default --target api-docs
+
+# Debian packages in build/package; install-test puts the main one on a fresh
+# Debian 12 chroot (root; the base system is kept in ~/.cache/zelvor-install-test).
+package: build
+	if cmake --build build --target help | grep -c '^api-docs:' >/dev/null; then cmake --build build --target api-docs; fi
+	cd build && cpack
+
+install-test: package
+	$(SUDO) bash tests/install/clean_machine_test.sh build/package/zelvor-avr-pwm_*_amd64.deb
+
+# The Windows installer (NSIS) of the control the windows preset builds, and its
+# trial under Wine: build-windows/Zelvor_AVR_PWM-<version>-win64.exe
+VERSION := $(shell awk '/^project/ { for (i = 1; i < NF; i++) if ($$i == "VERSION") print $$(i + 1) }' CMakeLists.txt)
+INSTALLER := build-windows/Zelvor_AVR_PWM-$(VERSION)-win64.exe
+
+installer: deps
+	cmake --preset windows >/dev/null
+	cmake --build --preset windows
+	makensis -V2 -WX -DVERSION=$(VERSION) -DFILES=$(CURDIR)/build-windows/bin -DOUTFILE=$(CURDIR)/$(INSTALLER) \
+	  packaging/windows/AVR_PWM.nsi
+
+installer-test: installer
+	bash tests/install/windows_installer_test.sh $(INSTALLER)
 
 demo: build
 	./examples/run-demo.sh

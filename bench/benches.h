@@ -19,6 +19,7 @@ void registerCodeFile();    // readers of the code file, and the file baseline
 void registerCodeGeneration();
 void registerPersistence();
 void registerPage();
+void registerVerify(); // verify on chip in the window, and avr-gcc + simavr alone
 
 // Registers a benchmark whose failures (a failed status, a missing file) end
 // it as skipped with the reason, instead of ending the run.

@@ -73,6 +73,7 @@ int main(int argc, char** argv) {
   zvbench::registerCodeGeneration();
   zvbench::registerPersistence();
   zvbench::registerPage();
+  zvbench::registerVerify();
 
   zvbench::MedianReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);

@@ -1,5 +1,5 @@
 // IOleObject of PWM: the client site, through which a host offers its
-// services. The control's drawing and verbs are not served by this library yet.
+// services, and the OLE control's verbs, extent and advise sinks.
 #include "pwm_object.h"
 
 namespace zvcom {
@@ -22,7 +22,7 @@ HRESULT PwmObject::SetHostNames(LPCOLESTR, LPCOLESTR) {
   return S_OK;
 }
 HRESULT PwmObject::Close(DWORD) {
-  return S_OK;
+  return control_.close();
 }
 HRESULT PwmObject::SetMoniker(DWORD, IMoniker*) {
   return E_NOTIMPL;
@@ -40,13 +40,13 @@ HRESULT PwmObject::GetClipboardData(DWORD, IDataObject** data) {
     *data = nullptr;
   return E_NOTIMPL;
 }
-HRESULT PwmObject::DoVerb(LONG, LPMSG, IOleClientSite*, LONG, HWND, LPCRECT) {
-  return E_NOTIMPL;
+HRESULT PwmObject::DoVerb(LONG verb, LPMSG, IOleClientSite* site, LONG, HWND parent,
+                          LPCRECT place) {
+  return control_.doVerb(verb, site ? site : static_cast<IOleClientSite*>(boxes_.site()), parent,
+                         place);
 }
 HRESULT PwmObject::EnumVerbs(IEnumOLEVERB** verbs) {
-  if (verbs)
-    *verbs = nullptr;
-  return E_NOTIMPL;
+  return OleRegEnumVerbs(CLSID_PWM, verbs);
 }
 HRESULT PwmObject::Update() {
   return S_OK;
@@ -65,29 +65,27 @@ HRESULT PwmObject::GetUserType(DWORD, LPOLESTR* type) {
     *type = nullptr;
   return OLE_S_USEREG;
 }
-HRESULT PwmObject::SetExtent(DWORD, SIZEL*) {
-  return E_NOTIMPL;
+HRESULT PwmObject::SetExtent(DWORD aspect, SIZEL* size) {
+  return control_.setExtent(aspect, size);
 }
-HRESULT PwmObject::GetExtent(DWORD, SIZEL*) {
-  return E_NOTIMPL;
+HRESULT PwmObject::GetExtent(DWORD aspect, SIZEL* size) {
+  return control_.getExtent(aspect, size);
 }
-HRESULT PwmObject::Advise(IAdviseSink*, DWORD* connection) {
-  if (connection)
-    *connection = 0;
-  return E_NOTIMPL;
+HRESULT PwmObject::Advise(IAdviseSink* sink, DWORD* connection) {
+  return control_.advise(sink, connection);
 }
-HRESULT PwmObject::Unadvise(DWORD) {
-  return E_NOTIMPL;
+HRESULT PwmObject::Unadvise(DWORD connection) {
+  return control_.unadvise(connection);
 }
 HRESULT PwmObject::EnumAdvise(IEnumSTATDATA** advise) {
-  if (advise)
-    *advise = nullptr;
-  return E_NOTIMPL;
+  return control_.enumAdvise(advise);
 }
 HRESULT PwmObject::GetMiscStatus(DWORD, DWORD* status) {
   if (!status)
     return E_POINTER;
-  *status = 0;
+  // The site comes first, so that the start of a load already has the host's services.
+  *status = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE | OLEMISC_INSIDEOUT |
+            OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_SETCLIENTSITEFIRST;
   return S_OK;
 }
 HRESULT PwmObject::SetColorScheme(LOGPALETTE*) {

@@ -63,6 +63,8 @@ HRESULT PwmObject::QueryInterface(REFIID iid, void** out) {
     *out = static_cast<ISupportErrorInfo*>(this);
   else if (IsEqualIID(iid, IID_IOleObject))
     *out = static_cast<IOleObject*>(this);
+  else if (void* face = control_.face(iid)) // the OLE control's other faces
+    *out = face;
   // Diagnostic interfaces for hosts and tests are handed out here.
   else {
     *out = nullptr;
@@ -79,6 +81,7 @@ ULONG PwmObject::AddRef() {
 ULONG PwmObject::Release() {
   const ULONG left = --references_;
   if (left == 0) {
+    control_.InPlaceDeactivate(); // its window shows the component's controls
     component_.reset();
     delete this;
   }

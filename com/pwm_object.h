@@ -1,13 +1,14 @@
 // The COM class PWM: one component object behind its default interface _PWM,
-// its face IZelvorComponentV4, ISupportErrorInfo and IOleObject (for the
-// container's client site; the control's other verbs are not served yet). The
-// component shows its message boxes through this object's, and every call ends
-// as an HRESULT (see failure.h). Apartment-threaded: one call at a time, no locks.
+// its face IZelvorComponentV4, ISupportErrorInfo, IOleObject, and the OLE
+// control's other faces (control/ole_control.h). The component shows its
+// message boxes through this object's, and every call ends as an HRESULT
+// (see failure.h). Apartment-threaded: one call at a time, no locks.
 #pragma once
 
 #include <memory>
 
 #include "avr_pwm.h"
+#include "control/ole_control.h"
 #include "failure.h"
 #include "site_message_boxes.h"
 #include "type_info.h"
@@ -41,8 +42,8 @@ public:
   // ISupportErrorInfo
   HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override;
   // IOleObject (client_site.cpp): the host's services (its message boxes) come
-  // through the client site. IObjectWithSite is not offered: Wine's script
-  // engine refuses to create an object that has it.
+  // through the client site; the rest is the OLE control's work. IObjectWithSite
+  // is not offered: Wine's script engine refuses to create an object that has it.
   HRESULT STDMETHODCALLTYPE SetClientSite(IOleClientSite* site) override;
   HRESULT STDMETHODCALLTYPE GetClientSite(IOleClientSite** site) override;
   HRESULT STDMETHODCALLTYPE SetHostNames(LPCOLESTR, LPCOLESTR) override;
@@ -126,6 +127,7 @@ private:
   std::unique_ptr<zv::ComponentObject, Destroy> component_;
   SiteMessageBoxes boxes_;
   V4Face v4_{*this};
+  OleControl control_{*this};           // the OLE control's faces (com/control/)
   const InterfaceInfo* info_ = nullptr; // looked up at the first late-bound call
 };
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "avr_pwm.h"
+#include "control/control_registration.h"
 #include "type_info.h"
 
 namespace {
@@ -86,6 +87,7 @@ extern "C" HRESULT STDAPICALLTYPE DllUnregisterServer() {
   removeProgId(kProgId, clsid);
   removeProgId(kVersionIndependentProgId, clsid);
   RegDeleteTreeW(HKEY_CLASSES_ROOT, (L"CLSID\\" + clsid).c_str());
+  zvcom::unregisterPropertyPage();
   UnRegisterTypeLib(LIBID_Zelvor_AVR_PWM, kLibraryMajor, kLibraryMinor, LOCALE_NEUTRAL, SYS_WIN64);
   UnRegisterTypeLib(LIBID_ZelvorCompV4Lib, kLibraryMajor, kLibraryMinor, LOCALE_NEUTRAL, SYS_WIN64);
   return S_OK;
@@ -96,7 +98,7 @@ extern "C" HRESULT STDAPICALLTYPE DllRegisterServer() {
     DllUnregisterServer();
     return SELFREG_E_TYPELIB;
   }
-  if (!registerClass()) {
+  if (!registerClass() || !zvcom::registerControl(CLSID_PWM)) {
     DllUnregisterServer();
     return SELFREG_E_CLASS;
   }

@@ -3,6 +3,7 @@
 #include "server.h"
 
 #include "avr_pwm.h"
+#include "control/property_page.h"
 #include "pwm_object.h"
 #include "type_info.h"
 
@@ -69,6 +70,8 @@ extern "C" HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID clsid, REFIID iid, 
   if (!out)
     return E_POINTER;
   *out = nullptr;
+  if (IsEqualCLSID(clsid, zvcom::CLSID_PwmPropertyPage)) // the control's property page
+    return zvcom::pageClassObject(iid, out);
   if (!IsEqualCLSID(clsid, CLSID_PWM))
     return CLASS_E_CLASSNOTAVAILABLE;
   return zvcom::factory.QueryInterface(iid, out);

@@ -81,6 +81,11 @@ Count=3
 #define ZV_PWM_CLOCK %b
 #define ZV_PWM_ALT %d
 
+/* TOP = ICR1 = 2 x (period register + 1) - 1 must fit Timer1's 16 bits. */
+#if (ZV_PWM_PR2) < 0 || (ZV_PWM_PR2) > 32767
+#error "AVR PWM: period register %a is outside 0..32767, which Timer1 cannot do"
+#endif
+
 #if defined(__AVR_ATmega8__) || defined(__AVR_ATmega8A__) \
  || defined(__AVR_ATmega48__) || defined(__AVR_ATmega48A__) \
  || defined(__AVR_ATmega48P__) || defined(__AVR_ATmega48PA__) \
@@ -131,7 +136,7 @@ Count=3
 
 #define ZV_PWM_CS_MASK ((1 << CS12) | (1 << CS11) | (1 << CS10))
 
-static unsigned char zv_pwm_pr2;
+static unsigned int zv_pwm_pr2;
 static unsigned char zv_pwm_clock;
 static unsigned char zv_pwm_on;
 static unsigned char zv_pwm_duty1;

@@ -1,5 +1,7 @@
 #include "binding.h"
 
+#include <QPaintEngine>
+#include <QPainter>
 #include <QtGlobal>
 #include <utility>
 
@@ -23,6 +25,11 @@ QFont platformFont() {
   QFont font;
   font.setPointSizeF(8);
   return font;
+}
+
+bool paintsPixelForPixel(const QPainter& painter) {
+  return painter.paintEngine() && painter.paintEngine()->type() == QPaintEngine::Raster &&
+         painter.deviceTransform().type() <= QTransform::TxTranslate;
 }
 
 ControlBinding::ControlBinding(zv::Control& control, std::function<void()> onChange)

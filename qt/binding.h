@@ -14,6 +14,8 @@
 #include "platform/controls/control.h"
 #include "platform/funnel.h"
 
+class QPainter;
+
 namespace zvqt {
 
 // Device-independent pixels per twip: 96 dpi.
@@ -26,6 +28,11 @@ QRect twipsRect(double left, double top, double width, double height);
 
 // The font the twips layouts were made for: 8 points of the default face.
 QFont platformFont();
+
+// Whether the painter paints its device's pixels one for one, as a window's
+// or an image's at their own size: a view's kept picture is then copied as it
+// is. A picture at another scale, or an SVG, is painted afresh.
+bool paintsPixelForPixel(const QPainter& painter);
 
 // Observes a control for as long as it lives.
 class ControlBinding {

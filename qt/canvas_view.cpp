@@ -1,15 +1,13 @@
 #include "canvas_view.h"
 
-#include <QFontMetricsF>
 #include <QImage>
 #include <QPaintEngine>
 #include <QPaintEvent>
-#include <QStaticText>
 #include <algorithm>
 #include <cmath>
-#include <string>
-#include <unordered_map>
 #include <vector>
+
+#include "kept_texts.h"
 
 namespace zvqt {
 
@@ -32,18 +30,48 @@ Qt::PenStyle penStyle(int drawStyle) {
   }
 }
 
-QPen cosmeticPen(zv::Color color, int drawStyle) {
+// A line one of the painter's pixels wide, `scale` of the device's. An SVG's
+// lines widen with the picture as it is enlarged.
+QPen linePen(zv::Color color, int drawStyle, double scale, bool svg) {
   QPen pen(toQColor(color));
   pen.setStyle(penStyle(drawStyle));
-  pen.setCosmetic(true);
-  pen.setWidth(1);
+  pen.setCosmetic(!svg);
+  pen.setWidthF(svg ? 1 : scale);
   return pen;
+}
+
+// Cuts the segment p-q to the part inside `area`; false when none is.
+bool cut(QPointF& p, QPointF& q, const QRectF& area) {
+  const QPointF d = q - p;
+  const double edges[4][2] = {{-d.x(), p.x() - area.left()},
+                              {d.x(), area.right() - p.x()},
+                              {-d.y(), p.y() - area.top()},
+                              {d.y(), area.bottom() - p.y()}};
+  double from = 0, to = 1;
+  for (const auto& [toward, room] : edges) {
+    if (toward == 0) {
+      if (room < 0)
+        return false;
+      continue;
+    }
+    if (toward < 0)
+      from = std::max(from, room / toward);
+    else
+      to = std::min(to, room / toward);
+    if (from > to)
+      return false;
+  }
+  const QPointF start = p;
+  p = start + from * d;
+  q = start + to * d;
+  return true;
 }
 
 // Lines in drawing order. A solid line along a pixel row or column is filled
 // as a rectangle, far cheaper than stroking, with the same pixels: an aliased
 // cosmetic line covers the pixels that hold its end points and those between.
-// Other lines of one pen go to the painter together.
+// Other lines of one pen go to the painter together. On a painter whose
+// pixels are several of the device's, a line keeps to the painter's pixels.
 class LineBatch {
 public:
   // With a target, the image the painter paints on, filled lines are written
@@ -51,10 +79,12 @@ public:
   explicit LineBatch(QPainter& painter, QImage* target = nullptr, QRect clip = {})
       : painter_(painter), clip_(clip) {
     const QTransform& t = painter.deviceTransform();
-    fill_ = t.type() <= QTransform::TxTranslate;
-    dx_ = t.dx();
-    dy_ = t.dy();
-    whole_ = dx_ == std::floor(dx_) && dy_ == std::floor(dy_);
+    fill_ = t.type() <= QTransform::TxScale && t.m11() == t.m22() && t.m11() > 0;
+    scale_ = fill_ ? t.m11() : 1;
+    svg_ = painter.paintEngine()->type() == QPaintEngine::SVG;
+    dx_ = t.dx() / scale_;
+    dy_ = t.dy() / scale_;
+    whole_ = scale_ == 1 && dx_ == std::floor(dx_) && dy_ == std::floor(dy_);
     if (target && whole_ &&
         (target->format() == QImage::Format_RGB32 ||
          target->format() == QImage::Format_ARGB32_Premultiplied))
@@ -62,7 +92,13 @@ public:
   }
   ~LineBatch() { flush(); }
 
+  // For painters that can't clip, an SVG's in this Qt: lines are cut to the
+  // area instead.
+  void cutTo(QRectF area) { cut_ = area; }
+
   void add(QPointF p, QPointF q, zv::Color color, int style) {
+    if (cut_.isValid() && !cut(p, q, cut_))
+      return;
     if (fill_ && style == 0 && (p.x() == q.x() || p.y() == q.y()) && fillLine(p, q, color))
       return;
     if (color != color_ || style != style_)
@@ -75,7 +111,7 @@ public:
   void flush() {
     if (run_.empty())
       return;
-    painter_.setPen(cosmeticPen(color_, style_));
+    painter_.setPen(linePen(color_, style_, scale_, svg_));
     painter_.drawLines(run_.data(), static_cast<int>(run_.size()));
     run_.clear();
   }
@@ -126,106 +162,15 @@ private:
   QPainter& painter_;
   QImage* target_ = nullptr;
   QRect clip_;
+  QRectF cut_;
   bool fill_ = false;
+  bool svg_ = false;
   bool whole_ = false;
-  double dx_ = 0, dy_ = 0;
+  double scale_ = 1, dx_ = 0, dy_ = 0; // in the painter's pixels
   std::vector<QLineF> run_;
   zv::Color color_ = 0;
   int style_ = -1;
 };
-
-// Shaping a text costs more than drawing it: keep the texts a panel shows,
-// a swept duty's 101 among them.
-const QStaticText& shapedText(QPainter& painter, const std::string& text) {
-  static std::unordered_map<std::string, QStaticText> shaped;
-  if (shaped.size() > 256)
-    shaped.clear();
-  auto it = shaped.find(text);
-  if (it == shaped.end()) {
-    it = shaped.emplace(text, QStaticText(QString::fromStdString(text))).first;
-    it->second.setTextFormat(Qt::PlainText);
-    it->second.prepare(painter.transform(), painter.font());
-  }
-  return it->second;
-}
-
-// A text drawn once into a transparent image, at the same fraction of a pixel,
-// and stamped at each repaint: one blend of the image costs a fraction of
-// blending every glyph afresh, and from one step of a simulation to the next
-// most of a panel's texts stay as they were.
-struct Stamp {
-  QRgb color;
-  QPointF fraction;
-  QFont font;
-  QImage image;
-  QPoint offset; // of the image's top left from the text's whole pixel
-  int seen = 0;  // drawings before the image is made
-};
-
-// A stamp costs about two drawings of its text to make: texts that stay a few
-// repaints get one, a swept duty's texts, there for two or three, do not.
-constexpr int kStampAfter = 4;
-
-Stamp makeStamp(QPainter& painter, const std::string& text, const QColor& color, QPointF fraction) {
-  const QStaticText& shaped = shapedText(painter, text);
-  const QFontMetricsF metrics(painter.font());
-  // The glyphs' ink, which may reach past the text's advance, and a pixel more.
-  const QRectF ink = metrics.boundingRect(QString::fromStdString(text))
-                         .translated(fraction.x(), fraction.y() + metrics.ascent())
-                         .united(QRectF(fraction, shaped.size()));
-  const QRect pixels(QPoint(static_cast<int>(std::floor(ink.left())) - 1,
-                            static_cast<int>(std::floor(ink.top())) - 1),
-                     QPoint(static_cast<int>(std::ceil(ink.right())) + 1,
-                            static_cast<int>(std::ceil(ink.bottom())) + 1));
-  Stamp stamp{color.rgb(), fraction, painter.font(),
-              QImage(pixels.size(), QImage::Format_ARGB32_Premultiplied), pixels.topLeft()};
-  stamp.image.fill(Qt::transparent);
-  {
-    QPainter onto(&stamp.image);
-    onto.setFont(painter.font());
-    onto.setPen(color);
-    onto.drawStaticText(fraction - QPointF(pixels.topLeft()), shaped);
-  }
-  return stamp;
-}
-
-// Null until a text has been asked for at its place kStampAfter times: until
-// then it is drawn directly.
-const Stamp* stampOf(QPainter& painter, const std::string& text, const QColor& color,
-                     QPointF fraction) {
-  static std::unordered_map<std::string, std::vector<Stamp>> stamps;
-  if (stamps.size() > 64)
-    stamps.clear();
-  std::vector<Stamp>& made = stamps[text];
-  for (Stamp& stamp : made)
-    if (stamp.color == color.rgb() && stamp.fraction == fraction && stamp.font == painter.font()) {
-      if (stamp.image.isNull() && ++stamp.seen < kStampAfter)
-        return nullptr;
-      if (stamp.image.isNull())
-        stamp = makeStamp(painter, text, color, fraction);
-      return &stamp;
-    }
-  if (made.size() > 8)
-    made.clear();
-  made.push_back({color.rgb(), fraction, painter.font(), QImage(), QPoint(), 1});
-  return nullptr;
-}
-
-void drawText(QPainter& painter, QPointF at, const std::string& text, const QColor& color) {
-  const QTransform& t = painter.deviceTransform();
-  // Stamps land on whole pixels of a raster device; anything else, a picture
-  // as SVG among them, is drawn as text.
-  const bool stampable = painter.paintEngine()->type() == QPaintEngine::Raster &&
-                         t.type() <= QTransform::TxTranslate && t.dx() == std::floor(t.dx()) &&
-                         t.dy() == std::floor(t.dy());
-  const QPointF whole(std::floor(at.x()), std::floor(at.y()));
-  if (const Stamp* stamp = stampable ? stampOf(painter, text, color, at - whole) : nullptr) {
-    painter.drawImage(whole + QPointF(stamp->offset), stamp->image);
-    return;
-  }
-  painter.setPen(color);
-  painter.drawStaticText(at, shapedText(painter, text));
-}
 
 // A bordered canvas shows a single grey edge, as the panel's pictures do.
 void paintBorder(QPainter& painter, const QRectF& outer, double border, QImage* target) {
@@ -239,6 +184,9 @@ void paintBorder(QPainter& painter, const QRectF& outer, double border, QImage* 
   lines.add(r.bottomRight(), r.bottomLeft(), grey, 0);
   lines.add(r.bottomLeft(), r.topLeft(), grey, 0);
 }
+
+// Short of a pixel's far edge: a line there covers the pixel before it.
+constexpr double kHair = 1.0 / 64;
 
 } // namespace
 
@@ -262,7 +210,10 @@ void paintCanvas(QPainter& painter, const zv::Canvas& canvas, double scale, QIma
   QRectF inner = outer.adjusted(border, border, -border, -border);
   painter.setClipRect(inner);
   painter.translate(inner.topLeft());
-  LineBatch lines(painter, target, target ? innerOnDevice.toRect() & target->rect() : QRect());
+  const QRect clip = target ? innerOnDevice.toRect() & target->rect() : QRect();
+  LineBatch lines(painter, target, clip);
+  if (painter.paintEngine()->type() == QPaintEngine::SVG)
+    lines.cutTo(QRectF(0, 0, inner.width() - kHair, inner.height() - kHair));
   auto addLine = [&](const zv::DrawOp& op, QPointF p, QPointF q) {
     lines.add(p, q, op.color, op.style);
   };
@@ -282,7 +233,10 @@ void paintCanvas(QPainter& painter, const zv::Canvas& canvas, double scale, QIma
       break;
     case zv::DrawOp::Kind::Print:
       lines.flush();
-      drawText(painter, a, op.text, toQColor(op.color));
+      if (target)
+        drawText(painter, *target, clip, a, op.text, toQColor(op.color));
+      else
+        drawText(painter, a, op.text, toQColor(op.color));
       break;
     }
   }
@@ -310,7 +264,7 @@ void CanvasView::changeEvent(QEvent* event) {
 
 void CanvasView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  if (devicePixelRatioF() != 1.0) {
+  if (!paintsPixelForPixel(painter)) {
     paintCanvas(painter, canvas_, kPixelsPerTwip);
     return;
   }

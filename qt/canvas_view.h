@@ -11,11 +11,14 @@
 
 namespace zvqt {
 
+// A model colour (0xRRGGBB) as Qt's.
 QColor toQColor(zv::Color color);
 
 // Paints the canvas with its outer top left at the painter's origin,
-// pixelsPerTwip device-independent pixels to the twip. Given the image the
-// painter paints on, lines along rows and columns go straight into its pixels.
+// pixelsPerTwip device-independent pixels to the twip: the view's kept
+// picture, and the canvas painted afresh at another scale or into an SVG.
+// Given the image the painter paints on, lines along rows and columns go
+// straight into its pixels and texts that stay are copied.
 void paintCanvas(QPainter& painter, const zv::Canvas& canvas, double pixelsPerTwip,
                  QImage* target = nullptr);
 

@@ -85,6 +85,11 @@ void LabelView::paintEvent(QPaintEvent* event) {
     QLabel::paintEvent(event);
     return;
   }
+  QPainter painter(this);
+  if (!paintsPixelForPixel(painter)) {
+    paintCaption(painter, ink);
+    return;
+  }
   // The edge and caption are kept as a picture while what they show stays:
   // a panel repaints its labels at every step, their captions unchanged.
   if (picture_.size() != size() || pictureText_ != text() || pictureInk_ != ink ||
@@ -101,7 +106,6 @@ void LabelView::paintEvent(QPaintEvent* event) {
     QPainter onto(&picture_);
     paintCaption(onto, ink);
   }
-  QPainter painter(this);
   painter.drawImage(0, 0, picture_);
 }
 

@@ -6,12 +6,14 @@
 #include <QMessageBox>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QToolBar>
 #include <QVBoxLayout>
 #include <fstream>
 
 #include "devices.h"
 #include "host/pictures/render.h"
 #include "host/script/json_out.h"
+#include "host/verify/vcd.h"
 #include "platform/vbnum.h"
 #include "qt/page_dialog.h"
 
@@ -59,6 +61,8 @@ MainWindow::MainWindow(const Plugin& plugin, const std::string& devicesFolder, Q
   panelArea_->setMinimumSize(200, 270);
   panelArea_->setAlignment(Qt::AlignCenter);
   leftLayout->addWidget(panelArea_, 1);
+  traces_ = new TraceView(left);
+  leftLayout->addWidget(traces_);
   sim_ = new SimPane(deviceFiles(devicesFolder), left);
   leftLayout->addWidget(sim_);
   script_ = new ScriptPane(splitter);
@@ -74,17 +78,23 @@ MainWindow::MainWindow(const Plugin& plugin, const std::string& devicesFolder, Q
       sim_->setDevice(path);
 
   sim_->onDevice = [this](const std::string& path) {
-    if (auto* c = shown())
+    if (auto* c = shown()) {
       report("ZvdFilename", c->put_ZvdFilename(path));
+      recorder(c).deviceFile(path, "the window");
+    }
   };
   sim_->onClock = [this](int32_t hz) {
-    if (auto* c = shown())
+    if (auto* c = shown()) {
       report("ClockSpeed", c->put_ClockSpeed(hz));
+      recorder(c).observe(*c, "the window");
+    }
   };
   sim_->onStart = [this] {
     if (auto* c = shown()) {
-      calls_[c].clear();
-      report("StartSimulation", c->StartSimulation());
+      const zv::Status status = c->StartSimulation();
+      report("StartSimulation", status);
+      if (status.ok())
+        recorder(c).started(*c);
     }
   };
   sim_->onStop = [this] {
@@ -148,6 +158,21 @@ void MainWindow::buildMenus() {
     if (!path.isEmpty() && !exportPanel(path.toStdString(), error))
       QMessageBox::warning(this, windowTitle(), QString::fromStdString(error));
   });
+  QAction* verify = new QAction(tr("&Verify on chip"), this);
+  verify->setShortcut(QKeySequence(tr("F6")));
+  verify->setToolTip(tr("Build the program with avr-gcc, run it in simavr and show its pins"));
+  connect(verify, &QAction::triggered, this, [this] {
+    std::string error;
+    verifyOnChip(error);
+  });
+  addToolBar(tr("Verify"))->addAction(verify);
+  file->addAction(tr("Export &waveform..."), this, [this] {
+    QString path = QFileDialog::getSaveFileName(this, tr("Export waveform"), QString(),
+                                                tr("Value Change Dump (*.vcd)"));
+    std::string error;
+    if (!path.isEmpty() && !exportWaveform(path.toStdString(), error))
+      QMessageBox::warning(this, windowTitle(), QString::fromStdString(error));
+  });
   file->addAction(tr("&Generate program..."), this, [this] {
     QString path = QFileDialog::getSaveFileName(this, tr("Generate program"), QString(),
                                                 tr("C program (*.c)"));
@@ -159,6 +184,7 @@ void MainWindow::buildMenus() {
   file->addAction(tr("&Quit"), this, &QWidget::close);
   QMenu* component = menuBar()->addMenu(tr("&Component"));
   component->addAction(tr("&Properties..."), this, [this] { showProperties(); });
+  component->addAction(verify);
   component->addAction(tr("&Refresh"), this, [this] {
     if (auto* c = shown())
       report("Refresh", c->Refresh());
@@ -224,7 +250,7 @@ bool MainWindow::newComponent(const Project* project, std::string& error) {
   delete panelArea_->takeWidget();
   panel_ = nullptr;
   panelOf_ = nullptr;
-  calls_.erase(own_.get());
+  recorders_.erase(own_.get());
   own_.reset();
   zv::Status status;
   own_ = plugin_.createComponent("", "", status, &boxes_);
@@ -242,8 +268,10 @@ bool MainWindow::newComponent(const Project* project, std::string& error) {
     report("InitProperties", own_->InitProperties());
   }
   own_->put_ZelvorVersion(kHostVersion);
-  if (!sim_->device().empty())
+  if (!sim_->device().empty()) {
     report("ZvdFilename", own_->put_ZvdFilename(sim_->device()));
+    recorders_[own_.get()].deviceFile(sim_->device(), "the window");
+  }
   own_->put_ClockSpeed(sim_->clock());
   showComponent();
   return true;
@@ -271,8 +299,6 @@ void MainWindow::dropScript() {
     panel_ = nullptr;
     panelOf_ = nullptr;
   }
-  for (auto it = calls_.begin(); it != calls_.end();)
-    it = it->first == own_.get() ? std::next(it) : calls_.erase(it);
   runner_.reset();
   showComponent();
 }
@@ -297,7 +323,7 @@ void MainWindow::callMacro(int32_t macroId, const std::vector<long>& args) {
   zv::Status status = c->SimMacroCall(macroId, params, retVal, affected, cycles);
   report("SimMacroCall", status);
   if (status.ok())
-    calls_[c].push_back(MacroCall{macroId, args});
+    recorder(c).called(*c, macroId, params, "the window");
 }
 
 void MainWindow::showProperties() {
@@ -313,7 +339,10 @@ void MainWindow::showProperties() {
   page->site().SelectedControls = {&c->publicInterface()};
   report("PropertyPage_SelectionChanged", page->PropertyPage_SelectionChanged());
   zvqt::PageDialog dialog(*page, this);
-  dialog.onApplied = [this, c] { report("Refresh", c->Refresh()); };
+  dialog.onApplied = [this, c] {
+    report("Refresh", c->Refresh());
+    recorder(c).observe(*c, "the property page");
+  };
   dialog.exec();
 }
 
@@ -351,7 +380,7 @@ bool MainWindow::writeProgram(const std::string& path, std::string& error) {
     return false;
   }
   std::string program;
-  if (!generateProgram(*c, calls_[c], program, error))
+  if (!generateProgram(*c, recorder(c).simulation(), program, error))
     return false;
   std::ofstream out(path, std::ios::binary);
   out << program;
@@ -360,6 +389,38 @@ bool MainWindow::writeProgram(const std::string& path, std::string& error) {
     return false;
   }
   return true;
+}
+
+SimulationRecorder& MainWindow::recorder(zv::ComponentObject* c) {
+  SimulationRecorder* ofScript = runner_ ? runner_->recorderOf(c) : nullptr;
+  return ofScript ? *ofScript : recorders_[c];
+}
+
+bool MainWindow::verifyOnChip(std::string& error) {
+  zv::ComponentObject* c = shown();
+  Verification v;
+  if (!c)
+    error = "no component";
+  else if (!verifyDir_.isValid())
+    error = "no folder for the program's files";
+  else if (zvhost::verifyOnChip(*c, recorder(c).simulation(), verifyDir_.path().toStdString(), v,
+                                error)) {
+    traces_->show(v);
+    statusBar()->showMessage(v.same ? tr("Verify on chip: the chip does what the panel shows")
+                                    : tr("Verify on chip: the chip differs from the panel"));
+    return true;
+  }
+  traces_->showError(QString::fromStdString(error));
+  statusBar()->showMessage(tr("Verify on chip failed"));
+  return false;
+}
+
+bool MainWindow::exportWaveform(const std::string& path, std::string& error) {
+  if (!traces_->verification()) {
+    error = "verify on chip first: there is no waveform yet";
+    return false;
+  }
+  return writeVcd(*traces_->verification(), path, error);
 }
 
 } // namespace zvhost

@@ -6,19 +6,21 @@
 
 #include <QMainWindow>
 #include <QScrollArea>
+#include <QTemporaryDir>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "host/plugin/loader.h"
-#include "host/program/program.h"
+#include "host/program/recorder.h"
 #include "host/script/runner.h"
 #include "project_file.h"
 #include "qt/message_boxes.h"
 #include "qt/panel_widget.h"
 #include "script_pane.h"
 #include "sim_pane.h"
+#include "trace_view.h"
 
 namespace zvhost {
 
@@ -33,11 +35,16 @@ public:
   zv::ComponentObject* shown();
   zvqt::PanelWidget* panel() const { return panel_; }
   ScriptPane* scriptPane() const { return script_; }
+  TraceView* traces() const { return traces_; }
 
   // The menu actions, reachable without dialogs.
   bool saveProjectTo(const std::string& path, std::string& error);
   bool exportPanel(const std::string& path, std::string& error);
   bool writeProgram(const std::string& path, std::string& error);
+  // Verify on chip: builds and runs the program of the shown component and
+  // shows its pins under the panel; false, error filled and shown, when it can't.
+  bool verifyOnChip(std::string& error);
+  bool exportWaveform(const std::string& path, std::string& error);
   void callMacro(int32_t macroId, const std::vector<long>& args);
   void showProperties();
 
@@ -48,6 +55,7 @@ private:
   void report(const char* what, const zv::Status& status);
   std::optional<std::string> executeScriptLine(int lineNumber, const std::string& line);
   void dropScript();
+  SimulationRecorder& recorder(zv::ComponentObject* c);
 
   const Plugin& plugin_;
   zvqt::QtMessageBoxes boxes_;
@@ -55,10 +63,12 @@ private:
   std::unique_ptr<Runner> runner_;
   std::string scriptPath_;
   zv::ComponentObject* panelOf_ = nullptr;
-  std::map<zv::ComponentObject*, std::vector<MacroCall>> calls_;
+  std::map<zv::ComponentObject*, SimulationRecorder> recorders_; // of the window's own
   std::vector<MacroRow> shownMacros_;
   QScrollArea* panelArea_;
   zvqt::PanelWidget* panel_ = nullptr;
+  TraceView* traces_;
+  QTemporaryDir verifyDir_;
   SimPane* sim_;
   ScriptPane* script_;
 };

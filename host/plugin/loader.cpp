@@ -92,11 +92,11 @@ Plugin::PagePtr Plugin::createPage(zv::Status& status, zv::MessageBoxService* bo
 std::string defaultPluginPath() {
   std::error_code ec;
   const std::filesystem::path exe = std::filesystem::read_symlink("/proc/self/exe", ec);
-  const std::filesystem::path lib = exe.parent_path().parent_path() / "lib";
-  const std::filesystem::path built = lib / "AVR_PWM.so";
+  const std::filesystem::path prefix = exe.parent_path().parent_path();
+  const std::filesystem::path built = prefix / "lib" / "AVR_PWM.so";
   if (std::filesystem::exists(built, ec))
     return built.string();
-  return (lib / "zelvor" / "components" / "AVR_PWM.so").string();
+  return (prefix / ZV_INSTALL_LIBDIR / "zelvor" / "components" / "AVR_PWM.so").string();
 }
 
 } // namespace zvhost

@@ -5,6 +5,8 @@
 #include <stdexcept>
 
 #include "platform/errors.h"
+#include "platform/vbnum.h"
+#include "target.h"
 
 namespace zvhost {
 namespace {
@@ -51,9 +53,14 @@ bool isIdentifier(const std::string& s) {
          std::all_of(s.begin(), s.end(), word);
 }
 
-// Block text with its placeholders filled, each line indented by one level.
-std::string filled(zv::ComponentObject& c, std::string text, bool indent) {
-  check(c.MacroCodeOverride(text), "MacroCodeOverride");
+// Text with the placeholders filled from settings, as the component fills
+// them, each line indented by one level when asked.
+std::string filled(const Settings& settings, std::string text, bool indent) {
+  for (const auto& [mark, value] :
+       {std::pair{"%a", &settings.pr2}, std::pair{"%b", &settings.clockSource},
+        std::pair{"%d", &settings.altPin}})
+    for (size_t at = text.find(mark); at != std::string::npos; at = text.find(mark, at))
+      text.replace(at, 2, *value);
   if (!indent)
     return text;
   std::string out;
@@ -98,44 +105,123 @@ Macro describe(zv::ComponentObject& c, const std::vector<std::string>& names, in
   return m;
 }
 
-std::string function(zv::ComponentObject& c, const Macro& m, int32_t id) {
+std::string function(zv::ComponentObject& c, const Settings& settings, const Macro& m, int32_t id) {
   std::string body;
   check(c.get_MacroCode(id, body), "MacroCode");
   std::string text = m.returns + " " + m.name + "(";
   for (size_t i = 0; i < m.params.size(); ++i)
     text += (i ? ", " : "") + m.params[i].first + " " + m.params[i].second;
   text += m.params.empty() ? "void)\n{\n" : ")\n{\n";
-  return text + filled(c, body, true) + "}\n";
+  return text + filled(settings, body, true) + "}\n";
 }
 
-std::string program(zv::ComponentObject& c, const std::vector<MacroCall>& calls) {
+std::string at(const std::string& where) {
+  return where.empty() ? "" : " (" + where + ")";
+}
+
+// A prescaler outside the table is filled in as clk / 1 while the panel
+// divides by it: the chip would do something else.
+void requireClockSource(const Settings& s, const std::string& where) {
+  for (int32_t known : {-1, 1, 8, 64, 256, 1024, -2, -3})
+    if (s.prescaler == known)
+      return;
+  throw Refused("the prescaler is " + std::to_string(s.prescaler) + at(where) +
+                ", which is no clock source of Timer1");
+}
+
+// The macros called, in the order of first call, and the lines of main that call them.
+class Calls {
+public:
+  explicit Calls(zv::ComponentObject& c) : c_(c) {
+    zv::Variant names;
+    check(c.get_MacroNames(names), "MacroNames");
+    names_ = strings(names, "MacroNames");
+  }
+
+  void call(MacroCall call, const std::string& comment = {}) {
+    auto found = std::find(used.begin(), used.end(), call.macroId);
+    if (found == used.end()) {
+      macros.push_back(describe(c_, names_, call.macroId));
+      used.push_back(call.macroId);
+      found = used.end() - 1;
+    }
+    const Macro& m = macros[static_cast<size_t>(found - used.begin())];
+    if (call.args.size() < m.params.size())
+      throw Refused(m.name + " takes " + std::to_string(m.params.size()) + " arguments, not " +
+                    std::to_string(call.args.size()) + at(call.where));
+    call.args.resize(m.params.size());
+    text += "    " + m.name + "(";
+    for (size_t i = 0; i < call.args.size(); ++i)
+      text += (i ? ", " : "") + std::to_string(call.args[i]);
+    text += ");" + (comment.empty() ? "" : " /* " + comment + " */") + "\n";
+  }
+
+  // A change of period or clock source made outside the macros, as the period macro.
+  void change(const SettingsChange& s) {
+    requireClockSource(s.after, s.where);
+    if (s.after.altPin != s.before.altPin || s.after.hertz != s.before.hertz)
+      throw Refused("the " +
+                    std::string(s.after.altPin != s.before.altPin ? "alternative pin" : "clock") +
+                    " changed while the simulation ran" + at(s.where) +
+                    ": one program cannot change it while it runs");
+    if (s.after.pr2 == s.before.pr2 && s.after.clockSource == s.before.clockSource)
+      return;
+    const long pr2 = std::stol(s.after.pr2), code = std::stol(s.after.clockSource);
+    if (pr2 < 0 || pr2 > 255)
+      throw Refused("the period register became " + s.after.pr2 + " while the simulation ran" +
+                    at(s.where) + ": the period macro takes 0 to 255");
+    call({kChangePeriod, {pr2, code}, s.where}, "settings changed" + at(s.where));
+  }
+
+  std::vector<int32_t> used;
+  std::vector<Macro> macros;
+  std::string text;
+
+private:
+  static constexpr int32_t kChangePeriod = 3;
+  zv::ComponentObject& c_;
+  std::vector<std::string> names_;
+};
+
+// The comment that opens the program: what it was made from.
+std::string header(zv::ComponentObject& c, const Simulation& sim, const Settings& start,
+                   size_t calls) {
   std::string description;
   check(c.get_Description(description), "Description");
-  for (size_t end = description.find("*/"); end != std::string::npos;
-       end = description.find("*/", end))
-    description.insert(end + 1, " "); // keep the header comment closed
-  zv::Variant namesVariant;
-  check(c.get_MacroNames(namesVariant), "MacroNames");
-  const std::vector<std::string> names = strings(namesVariant, "MacroNames");
+  std::string out = " * " + description + ": generated by zelvor-host from " +
+                    std::to_string(calls) + " simulated macro calls.\n";
+  std::string error;
+  if (const std::optional<Target> t =
+          sim.deviceFile.empty() ? std::nullopt : readTarget(sim.deviceFile, error))
+    out += " * Device: " + t->name + " (avr-gcc -mmcu=" + t->mmcu + "), from " + t->file + ".\n";
+  out += " * Clock: " + std::to_string(start.hertz) + " Hz. Settings: period register " +
+         start.pr2 + ", clock source " + start.clockSource + ", alternative pin " + start.altPin +
+         ".\n";
+  for (size_t end = out.find("*/"); end != std::string::npos; end = out.find("*/", end))
+    out.insert(end + 1, " "); // keep the comment closed
+  out = "/*\n" + out + " */\n\n";
+  if (start.hertz > 0)
+    out += "#ifndef F_CPU\n#define F_CPU " + std::to_string(start.hertz) + "UL\n#endif\n\n";
+  return out;
+}
 
-  std::vector<int32_t> used; // in the order of first call
-  std::vector<Macro> macros;
-  std::string calling;
-  for (const MacroCall& call : calls) {
-    auto at = std::find(used.begin(), used.end(), call.macroId);
-    if (at == used.end()) {
-      macros.push_back(describe(c, names, call.macroId));
-      used.push_back(call.macroId);
-      at = used.end() - 1;
+std::string program(zv::ComponentObject& c, const Simulation& sim) {
+  if (!sim.refusal.empty())
+    throw Refused(sim.refusal);
+  const std::optional<Settings> now = sim.start ? sim.start : settingsOf(c);
+  if (!now)
+    throw Refused("MacroCodeOverride failed");
+  const Settings& start = *now;
+  requireClockSource(start, "");
+  Calls calls(c);
+  size_t count = 0;
+  for (const SimulationStep& step : sim.steps) {
+    if (const MacroCall* call = std::get_if<MacroCall>(&step)) {
+      calls.call(*call);
+      ++count;
+    } else {
+      calls.change(std::get<SettingsChange>(step));
     }
-    const Macro& m = macros[static_cast<size_t>(at - used.begin())];
-    if (call.args.size() != m.params.size())
-      throw Refused(m.name + " takes " + std::to_string(m.params.size()) + " arguments, not " +
-                    std::to_string(call.args.size()));
-    calling += "    " + m.name + "(";
-    for (size_t i = 0; i < call.args.size(); ++i)
-      calling += (i ? ", " : "") + std::to_string(call.args[i]);
-    calling += ");\n";
   }
 
   std::string defines, initialisation, interrupts;
@@ -148,23 +234,40 @@ std::string program(zv::ComponentObject& c, const std::vector<MacroCall>& calls)
   if (has)
     check(c.get_InterruptCode(interrupts), "InterruptCode");
 
-  std::string out = "/*\n * " + description + ": generated by zelvor-host from " +
-                    std::to_string(calls.size()) + " simulated macro calls.\n */\n\n";
-  out += ended(filled(c, defines, false)) + "\n";
-  for (size_t i = 0; i < macros.size(); ++i)
-    out += function(c, macros[i], used[i]) + "\n";
+  std::string out = header(c, sim, start, count);
+  out += ended(filled(start, defines, false)) + "\n";
+  for (size_t i = 0; i < calls.macros.size(); ++i)
+    out += function(c, start, calls.macros[i], calls.used[i]) + "\n";
   if (!interrupts.empty())
-    out += ended(filled(c, interrupts, false)) + "\n";
-  out += "int main(void)\n{\n" + filled(c, initialisation, true) + calling + "    for (;;) {}\n}\n";
+    out += ended(filled(start, interrupts, false)) + "\n";
+  out += "int main(void)\n{\n" + filled(start, initialisation, true) + calls.text +
+         "    for (;;) {}\n}\n";
   return out;
 }
 
 } // namespace
 
-bool generateProgram(zv::ComponentObject& component, const std::vector<MacroCall>& calls,
+std::optional<Settings> settingsOf(zv::ComponentObject& component) {
+  std::string text = "%a|%b|%d";
+  if (!component.MacroCodeOverride(text).ok())
+    return std::nullopt;
+  const std::vector<std::string> fields = split(text);
+  if (fields.size() != 3)
+    return std::nullopt;
+  Settings s{fields[0], fields[1], fields[2]};
+  try {
+    s.hertz = zv::toI4(component.publicInterface().getProperty("ClockSpeed"));
+    s.prescaler = zv::toI4(component.publicInterface().getProperty("Prescaler"));
+  } catch (const zv::RuntimeError&) {
+    // a component without these properties: the program names no clock
+  }
+  return s;
+}
+
+bool generateProgram(zv::ComponentObject& component, const Simulation& simulation,
                      std::string& text, std::string& error) {
   try {
-    text = program(component, calls);
+    text = program(component, simulation);
     error.clear();
     return true;
   } catch (const Refused& e) {
@@ -173,6 +276,13 @@ bool generateProgram(zv::ComponentObject& component, const std::vector<MacroCall
     error = e.description();
   }
   return false;
+}
+
+bool generateProgram(zv::ComponentObject& component, const std::vector<MacroCall>& calls,
+                     std::string& text, std::string& error) {
+  Simulation simulation;
+  simulation.steps.assign(calls.begin(), calls.end());
+  return generateProgram(component, simulation, text, error);
 }
 
 } // namespace zvhost

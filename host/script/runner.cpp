@@ -133,6 +133,14 @@ std::optional<Json> Runner::execute(int lineNumber, const std::string& line) {
     bool& inCommand;
     ~EndCommand() { inCommand = false; }
   } endCommand{boxes_.inCommand};
+  where_ = "line " + std::to_string(lineNumber);
+  struct Observe {
+    Runner& runner;
+    ~Observe() {
+      for (Slot& slot : runner.components_)
+        slot.recorder.observe(*slot.object, runner.where_);
+    }
+  } observe{*this};
   Reply reply;
   try {
     LineScanner scan(cmd);
@@ -214,6 +222,10 @@ Runner::Reply Runner::dispatch(const std::string& command, LineScanner& scan) {
     return render(scan);
   if (command == "program")
     return program(scan);
+  if (command == "verify")
+    return verify(scan);
+  if (command == "vcd")
+    return vcd(scan);
   throw ScriptError("unknown command: " + command);
 }
 
@@ -232,7 +244,7 @@ Runner::Reply Runner::create(LineScanner& scan) {
       r.status = {zv::errInvalidCall, zv::errorDescription(zv::errInvalidCall)};
     return r;
   }
-  components_.push_back({std::move(made), {}});
+  components_.push_back({std::move(made), {}, {}});
   current_ = components_.size();
   r.result = Json{{"component", current_}};
   return r;
@@ -310,35 +322,26 @@ Runner::Reply Runner::hostOperation(OpKind kind, LineScanner& scan) {
     if (op->params[i].inOut)
       byref[op->params[i].name] = variantJson(args[i]);
   r.byref = std::move(byref);
-  if (kind == OpKind::Call && r.status.ok())
-    recordSimCall(name, args);
+  if (r.status.ok())
+    record(name, args);
   return r;
 }
 
-void Runner::recordSimCall(const std::string& op, const std::vector<zv::Variant>& args) {
+void Runner::record(const std::string& op, const std::vector<zv::Variant>& args) {
   Slot& slot = currentSlot();
-  if (op == "StartSimulation") {
-    slot.simCalls.clear();
-    return;
-  }
-  if (op != "SimMacroCall")
-    return;
-  // A number outside the macro table does nothing, on the target as here.
-  MacroCall call;
-  call.macroId = args[0].rawI4();
-  zv::Variant names;
-  if (!slot.object->get_MacroNames(names).ok() || !names.isArray() ||
-      call.macroId < names.arr().lbound() || call.macroId > names.arr().ubound())
-    return;
-  if (args[1].isArray()) {
-    const zv::SafeArray& a = args[1].arr();
-    for (int32_t i = a.lbound(); i <= a.ubound(); ++i) {
-      long value = 0;
-      zv::guard([&] { value = zv::toI4(a.at(i)); });
-      call.args.push_back(value);
-    }
-  }
-  slot.simCalls.push_back(std::move(call));
+  if (op == "StartSimulation")
+    slot.recorder.started(*slot.object);
+  else if (op == "SimMacroCall")
+    slot.recorder.called(*slot.object, args[0].rawI4(), args[1], where_);
+  else if (op == "ZvdFilename")
+    slot.recorder.deviceFile(zv::toStr(args[0]), where_);
+}
+
+SimulationRecorder* Runner::recorderOf(const zv::ComponentObject* component) {
+  for (Slot& slot : components_)
+    if (slot.object.get() == component)
+      return &slot.recorder;
+  return nullptr;
 }
 
 Runner::Reply Runner::publicInterface(LineScanner& scan) {

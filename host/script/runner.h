@@ -11,7 +11,8 @@
 #include <vector>
 
 #include "host/plugin/loader.h"
-#include "host/program/program.h"
+#include "host/program/recorder.h"
+#include "host/verify/verify.h"
 #include "json_out.h"
 #include "lexer.h"
 #include "ops.h"
@@ -47,6 +48,9 @@ public:
   bool hadScriptError() const { return scriptErrors_; }
   zv::ComponentObject* current();
   zv::PageObject* page() { return page_.get(); }
+  // The recorder of one of the runner's components, so that a window can add
+  // what the user does with it; nullptr for a component not the runner's.
+  SimulationRecorder* recorderOf(const zv::ComponentObject* component);
 
 private:
   // What one command answers, besides its line, text and messages.
@@ -57,7 +61,8 @@ private:
   };
   struct Slot {
     Plugin::ComponentPtr object;
-    std::vector<MacroCall> simCalls; // since its last StartSimulation
+    SimulationRecorder recorder;
+    std::optional<Verification> verified; // the last verify on chip
   };
 
   Reply dispatch(const std::string& command, LineScanner& scan);
@@ -71,7 +76,7 @@ private:
   Reply writeProps(LineScanner& scan);
   Reply hostOperation(OpKind kind, LineScanner& scan);
   Reply publicInterface(LineScanner& scan);
-  void recordSimCall(const std::string& op, const std::vector<zv::Variant>& args);
+  void record(const std::string& op, const std::vector<zv::Variant>& args);
   // page_commands.cpp
   Reply pageCommand(LineScanner& scan);
   zv::PageObject& requirePage();
@@ -82,6 +87,9 @@ private:
   Reply canvas(LineScanner& scan);
   Reply render(LineScanner& scan);
   Reply program(LineScanner& scan);
+  // verify_commands.cpp: the program built and run on a simulated chip
+  Reply verify(LineScanner& scan);
+  Reply vcd(LineScanner& scan);
 
   const Plugin& plugin_;
   RecordingMessageBoxes boxes_;
@@ -89,6 +97,7 @@ private:
   size_t current_ = 0; // 1-based; 0 before the first create
   Plugin::PagePtr page_;
   bool scriptErrors_ = false;
+  std::string where_; // "line N" of the command running
 };
 
 // A number word of a command (a component number, a canvas index, a count).

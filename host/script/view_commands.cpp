@@ -93,10 +93,16 @@ Runner::Reply Runner::canvas(LineScanner& scan) {
 Runner::Reply Runner::render(LineScanner& scan) {
   zv::ComponentObject& c = component();
   const std::string path = scan.word();
-  if (!scan.atEnd())
-    throw ScriptError("unexpected argument: " + scan.rest());
+  double scale = 1;
+  if (!scan.atEnd()) {
+    if (scan.word() != "scale")
+      throw ScriptError("render FILE takes nothing or scale S");
+    scale = floatWord(scan.word());
+    if (!scan.atEnd())
+      throw ScriptError("unexpected argument: " + scan.rest());
+  }
   std::string error;
-  if (!renderPanel(c, path, error))
+  if (!renderPanel(c, path, error, scale))
     throw ScriptError("render " + path + ": " + error);
   return {};
 }
@@ -107,14 +113,17 @@ Runner::Reply Runner::program(LineScanner& scan) {
   if (!scan.atEnd())
     throw ScriptError("unexpected argument: " + scan.rest());
   std::string text, error;
-  if (!generateProgram(*slot.object, slot.simCalls, text, error))
+  if (!generateProgram(*slot.object, slot.recorder.simulation(), text, error))
     throw ScriptError("program " + path + ": " + error);
   std::ofstream out(path, std::ios::binary | std::ios::trunc);
   out << text;
   if (!out)
     throw ScriptError("cannot write " + path);
   Reply r;
-  r.result = Json{{"calls", slot.simCalls.size()}};
+  size_t calls = 0;
+  for (const SimulationStep& step : slot.recorder.simulation().steps)
+    calls += std::holds_alternative<MacroCall>(step);
+  r.result = Json{{"calls", calls}};
   return r;
 }
 

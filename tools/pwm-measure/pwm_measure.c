@@ -3,7 +3,7 @@
  * grouped into runs of equal period and high time, in cycles.
  *
  *   pwm-measure --mcu CORE [--freq HZ] --cycles N [--from CYCLE] [--tolerance CYCLES]
- *               [--port B] [--bit-a 1] [--bit-b 2] [--t1-clock HZ] file.elf
+ *               [--port B] [--bit-a 1] [--bit-b 2] [--t1-clock HZ] [--trace 1] file.elf
  *
  * --t1-clock feeds Timer1's external clock input with a virtual clock, on the
  * cores where simavr models the T1 pin.
@@ -12,7 +12,8 @@
  * --from; a run takes periods within --tolerance of its latest one. A pin
  * without an edge there is "steady" at its "level". simavr drives a timer pin
  * even when its DDR bit is clear, so "ddr" tells whether the firmware made it
- * an output. */
+ * an output. --trace 1 adds each pin's "trace": the cycle of every change of
+ * level from the start, the first a rise. */
 #include <fcntl.h>
 #include <inttypes.h>
 #include <stdio.h>
@@ -38,6 +39,7 @@ typedef struct {
   char port;
   int bits[2];
   uint32_t t1Clock;
+  int trace;
   const char* elf;
 } options;
 
@@ -50,7 +52,8 @@ typedef struct {
 static void usage(void) {
   fprintf(stderr,
           "usage: pwm-measure --mcu CORE [--freq HZ] --cycles N [--from CYCLE] [--tolerance N]\n"
-          "                   [--port B] [--bit-a 1] [--bit-b 2] [--t1-clock HZ] file.elf\n");
+          "                   [--port B] [--bit-a 1] [--bit-b 2] [--t1-clock HZ] [--trace 1]\n"
+          "                   file.elf\n");
   exit(2);
 }
 
@@ -63,7 +66,7 @@ static uint64_t number(const char* text) {
 }
 
 static options parse(int argc, char** argv) {
-  options o = {NULL, 16000000, 0, 0, 0, 'B', {1, 2}, 0, NULL};
+  options o = {NULL, 16000000, 0, 0, 0, 'B', {1, 2}, 0, 0, NULL};
   for (int i = 1; i < argc; i++) {
     const char* a = argv[i];
     const char* v = i + 1 < argc ? argv[i + 1] : NULL;
@@ -91,6 +94,8 @@ static options parse(int argc, char** argv) {
       o.bits[1] = (int)number(v);
     else if (!strcmp(a, "--t1-clock"))
       o.t1Clock = (uint32_t)number(v);
+    else if (!strcmp(a, "--trace"))
+      o.trace = (int)number(v);
     else
       usage();
     i++;
@@ -150,7 +155,14 @@ static void print_pin(const char* name, const options* o, const pin_watch* w, in
     printf("%s{\"start\": %" PRIu64 ", \"periods\": %u, \"period\": %" PRIu64 ", \"high\": %" PRIu64
            "}",
            i == first ? "" : ", ", segs[i].start, segs[i].periods, segs[i].period, segs[i].high);
-  printf("]}");
+  printf("]");
+  if (o->trace) {
+    printf(",\n    \"trace\": [");
+    for (size_t i = 0; i < w->edges.count; i++)
+      printf("%s%" PRIu64, i ? ", " : "", w->edges.cycles[i]);
+    printf("]");
+  }
+  printf("}");
   free(segs);
 }
 

@@ -1,0 +1,474 @@
+// A container that knows the control only through the standard OLE
+// interfaces: it sites the control in its window, draws it into a memory
+// bitmap and a metafile, saves and loads it through a property bag and a
+// stream, and opens its property page in the system's property frame, which it
+// drives with window messages as a user's keys would.
+// Usage: ole_container.exe <device file> <folder for the pictures>  (Windows paths)
+#include <cstdio>
+#include <functional>
+#include <string>
+
+#include <olectl.h>
+#include <shellapi.h>
+
+#include "ole_site.h"
+#include "zelvor_v4.h"
+
+using namespace zvtest;
+
+namespace {
+
+int failures = 0;
+void check(bool ok, const std::string& what) {
+  std::printf("%s %s\n", ok ? "ok  " : "FAIL", what.c_str());
+  std::fflush(stdout);
+  failures += !ok;
+}
+
+std::string narrow(const std::wstring& w) {
+  return std::string(w.begin(), w.end());
+}
+
+template <class I> I* as(IUnknown* object, REFIID iid) {
+  I* face = nullptr;
+  return SUCCEEDED(object->QueryInterface(iid, reinterpret_cast<void**>(&face))) ? face : nullptr;
+}
+
+// The 32-bit pixels of a DIB section, top row first.
+struct Picture {
+  int width = 0, height = 0;
+  HDC dc = nullptr;
+  HBITMAP bitmap = nullptr;
+  DWORD* bits = nullptr;
+  Picture(int w, int h) : width(w), height(h), dc(CreateCompatibleDC(nullptr)) {
+    BITMAPINFO info{};
+    info.bmiHeader = {sizeof(BITMAPINFOHEADER), w, -h, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    bitmap =
+        CreateDIBSection(dc, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&bits), nullptr, 0);
+    SelectObject(dc, bitmap);
+  }
+  ~Picture() {
+    DeleteDC(dc);
+    DeleteObject(bitmap);
+  }
+  DWORD at(int x, int y) const { return bits[y * width + x] & 0xffffff; }
+  // Whether the colour stands on the pixel or one of its neighbours.
+  bool around(int x, int y, DWORD rgb) const {
+    for (int dy = -1; dy <= 1; ++dy)
+      for (int dx = -1; dx <= 1; ++dx)
+        if (x + dx >= 0 && y + dy >= 0 && x + dx < width && y + dy < height &&
+            at(x + dx, y + dy) == rgb)
+          return true;
+    return false;
+  }
+  bool save(const std::wstring& path) const {
+    BITMAPFILEHEADER file{0x4d42, 0, 0, 0, sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER)};
+    BITMAPINFOHEADER header{sizeof header, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    const DWORD bytes = static_cast<DWORD>(width * height * 4);
+    file.bfSize = file.bfOffBits + bytes;
+    FILE* out = _wfopen(path.c_str(), L"wb");
+    if (!out)
+      return false;
+    std::fwrite(&file, sizeof file, 1, out);
+    std::fwrite(&header, sizeof header, 1, out);
+    std::fwrite(bits, bytes, 1, out);
+    return std::fclose(out) == 0;
+  }
+};
+
+// A window's pixels as the screen shows them.
+bool snapshot(HWND window, const std::wstring& path) {
+  RECT r;
+  GetWindowRect(window, &r);
+  Picture picture(r.right - r.left, r.bottom - r.top);
+  HDC screen = GetDC(nullptr);
+  BitBlt(picture.dc, 0, 0, picture.width, picture.height, screen, r.left, r.top, SRCCOPY);
+  ReleaseDC(nullptr, screen);
+  return picture.save(path);
+}
+
+void pump(int milliseconds) {
+  const DWORD end = GetTickCount() + milliseconds;
+  MSG m;
+  while (GetTickCount() < end) {
+    while (PeekMessageW(&m, nullptr, 0, 0, PM_REMOVE)) {
+      TranslateMessage(&m);
+      DispatchMessageW(&m);
+    }
+    Sleep(10);
+  }
+}
+
+VARIANT params(std::initializer_list<int> values) {
+  VARIANT v;
+  VariantInit(&v);
+  SAFEARRAY* array = SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(values.size()));
+  LONG i = 0;
+  for (int x : values) {
+    VARIANT e;
+    VariantInit(&e);
+    e.vt = VT_I2;
+    e.iVal = static_cast<SHORT>(x);
+    SafeArrayPutElement(array, &i, &e);
+    ++i;
+  }
+  v.vt = VT_ARRAY | VT_VARIANT;
+  v.parray = array;
+  return v;
+}
+
+IUnknown* newControl(ContainerSite& site) {
+  IUnknown* control = nullptr;
+  CoCreateInstance(CLSID_PWM, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
+                   reinterpret_cast<void**>(&control));
+  if (!control)
+    return nullptr;
+  if (IOleObject* ole = as<IOleObject>(control, IID_IOleObject)) {
+    ole->SetClientSite(&site);
+    ole->Release();
+  }
+  return control;
+}
+
+// Two channels of the device, channel 1 on at a duty of 64 of 256: the
+// waveform of a quarter.
+void simulate(IUnknown* control, const std::wstring& device) {
+  IZelvorComponentV4* v4 = as<IZelvorComponentV4>(control, IID_IZelvorComponentV4);
+  BSTR file = SysAllocString(device.c_str());
+  v4->put_ZelvorVersion(1024);
+  v4->put_ZvdFilename(file);
+  v4->put_ClockSpeed(8000000);
+  v4->StartSimulation();
+  for (auto call : {std::pair{0, params({1})}, std::pair{2, params({1, 64})}}) {
+    LONG ret = 0, cycles = 0;
+    VARIANT affected;
+    VariantInit(&affected);
+    v4->SimMacroCall(call.first, call.second, &ret, &affected, &cycles);
+    VariantClear(&call.second);
+    VariantClear(&affected);
+  }
+  SysFreeString(file);
+  v4->Release();
+}
+
+void testDrawing(IUnknown* control, const std::wstring& pictures) {
+  IViewObject2* view = as<IViewObject2>(control, IID_IViewObject2);
+  SIZEL himetric{};
+  check(view && SUCCEEDED(view->GetExtent(DVASPECT_CONTENT, -1, nullptr, &himetric)) &&
+            himetric.cx == 4419 && himetric.cy == 6668,
+        "the extent is the panel's 2505 x 3780 twips of two channels");
+  Picture picture(167, 252); // 15 twips to the pixel
+  RECTL bounds{0, 0, picture.width, picture.height};
+  check(view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, picture.dc, &bounds, nullptr,
+                   nullptr, 0) == S_OK,
+        "Draw into a memory bitmap");
+  picture.save(pictures + L"\\control-draw.bmp");
+  // Panel twips of the drawing's places (the canvas's inner corner is 30, 60).
+  struct Place {
+    const char* what;
+    double x, y;
+    DWORD rgb; // as the DIB holds it: 0xRRGGBB
+  } places[] = {
+      {"canvas background", 30 + 150, 60 + 700, 0x00c000},
+      {"canvas frame, white", 30 + 50, 60 + 600, 0xffffff},
+      {"rising edge at 300", 30 + 300, 60 + 700, 0xffff00},
+      {"high level to 750", 30 + 600, 60 + 400, 0xffff00},
+      {"falling edge at 750", 30 + 750, 60 + 700, 0xffff00},
+      {"low level", 30 + 1200, 60 + 1000, 0xffff00},
+      {"period arrow", 30 + 1200, 60 + 300, 0xffffff},
+      {"duty arrow", 30 + 600, 60 + 1100, 0xffffff},
+      {"panel face", 1000, 1800, 0xf0f0f0},
+      {"label border", 1000, 1485, 0x000000},
+      {"separator, light grey", 1000, 1875, 0xc0c0c0},
+      {"separator, dark grey", 1000, 1890, 0x808080},
+      {"second canvas", 400, 2800, 0x00c000},
+  };
+  for (const Place& p : places)
+    check(picture.around(static_cast<int>(p.x / 15), static_cast<int>(p.y / 15), p.rgb), p.what);
+  int white = 0; // the period text's pixels
+  for (int y = 60 / 15 + 70 / 15; y < (60 + 230) / 15; ++y)
+    for (int x = 330 / 15; x < 1500 / 15; ++x)
+      white += picture.at(x, y) == 0xffffff;
+  check(white > 30, "the period text is written in white");
+
+  HDC meta = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
+  RECTL large{0, 0, 334, 504};
+  check(view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, meta, &large, nullptr, nullptr,
+                   0) == S_OK,
+        "Draw into a metafile");
+  HENHMETAFILE recorded = CloseEnhMetaFile(meta);
+  check(recorded && GetEnhMetaFileBits(recorded, 0, nullptr) > 2000,
+        "the metafile holds the panel");
+  DeleteEnhMetaFile(recorded);
+  view->Release();
+}
+
+HRESULT saveTo(IUnknown* control, Bag& bag) {
+  IPersistPropertyBag* persist = as<IPersistPropertyBag>(control, IID_IPersistPropertyBag);
+  const HRESULT hr = persist->Save(&bag, TRUE, TRUE);
+  persist->Release();
+  return hr;
+}
+HRESULT loadFrom(IUnknown* control, Bag& bag) {
+  IPersistPropertyBag* persist = as<IPersistPropertyBag>(control, IID_IPersistPropertyBag);
+  const HRESULT hr = persist->Load(&bag, nullptr);
+  persist->Release();
+  return hr;
+}
+std::wstring streamed(IUnknown* control, IStream** into = nullptr) {
+  IPersistStreamInit* persist = as<IPersistStreamInit>(control, IID_IPersistStreamInit);
+  IStream* stream = nullptr;
+  CreateStreamOnHGlobal(nullptr, TRUE, &stream);
+  persist->Save(stream, TRUE);
+  persist->Release();
+  STATSTG stat{};
+  stream->Stat(&stat, STATFLAG_NONAME);
+  std::wstring bytes(stat.cbSize.QuadPart, L'\0');
+  stream->Seek({}, STREAM_SEEK_SET, nullptr);
+  for (auto& c : bytes) {
+    unsigned char b = 0;
+    stream->Read(&b, 1, nullptr);
+    c = b;
+  }
+  stream->Seek({}, STREAM_SEEK_SET, nullptr);
+  if (into)
+    *into = stream;
+  else
+    stream->Release();
+  return bytes;
+}
+HRESULT loadStream(IUnknown* control, const std::wstring& bytes) {
+  IStream* stream = nullptr;
+  CreateStreamOnHGlobal(nullptr, TRUE, &stream);
+  for (wchar_t c : bytes) {
+    unsigned char b = static_cast<unsigned char>(c);
+    stream->Write(&b, 1, nullptr);
+  }
+  stream->Seek({}, STREAM_SEEK_SET, nullptr);
+  IPersistStreamInit* persist = as<IPersistStreamInit>(control, IID_IPersistStreamInit);
+  const HRESULT hr = persist->Load(stream);
+  persist->Release();
+  stream->Release();
+  return hr;
+}
+
+SHORT pr2Of(IUnknown* control) {
+  _PWM* pwm = as<_PWM>(control, IID__PWM);
+  SHORT value = -999;
+  pwm->get_Pr2(&value);
+  pwm->Release();
+  return value;
+}
+
+void testPersistence(IUnknown* control, ContainerSite& site) {
+  _PWM* pwm = as<_PWM>(control, IID__PWM);
+  BSTR label = SysAllocString(L"Motor");
+  pwm->put_Pr2(300);
+  pwm->put_Label1(label);
+  SysFreeString(label);
+  pwm->Release();
+  Bag first, second;
+  check(saveTo(control, first) == S_OK, "Save into a property bag");
+  const std::wstring saved = describe(first);
+  std::printf("     %s\n", narrow(saved).c_str());
+  check(saved.rfind(L"Port0:3=-1 Bit0:3=-1 Pr2:2=300 Prescaler:2=1 PWM_No:2=0 "
+                    L"ClockSpeed:3=8000000 UseAltPin:11=False HasAltPin:2=",
+                    0) == 0 &&
+            saved.find(L"Label1:8=Motor Label2:8=CCP2 ShowSim:11=True") != std::wstring::npos,
+        "the keys, types and values in their order");
+  IUnknown* copy = newControl(site);
+  // The clock comes from the host at every load, never from the saved properties.
+  IZelvorComponentV4* v4 = as<IZelvorComponentV4>(copy, IID_IZelvorComponentV4);
+  v4->put_ClockSpeed(8000000);
+  v4->Release();
+  check(loadFrom(copy, first) == S_OK && saveTo(copy, second) == S_OK && describe(second) == saved,
+        "load into a new control and save again: the same bag");
+  const std::wstring bytes = streamed(control);
+  check(loadStream(copy, bytes) == S_OK && streamed(copy) == bytes,
+        "save to a stream, load, save again: the same bytes");
+
+  // Bad input from a container: the answer, and nothing of the control's lost.
+  struct Bad {
+    const char* what;
+    std::function<HRESULT()> load;
+    HRESULT expected;
+    SHORT pr2After;
+  } bads[] = {
+      {"a string in Pr2 is a type mismatch",
+       [&] {
+         Bag bag(first);
+         VARIANT v;
+         v.vt = VT_BSTR;
+         v.bstrVal = SysAllocString(L"abc");
+         bag.put(L"Pr2", v);
+         VariantClear(&v);
+         return loadFrom(copy, bag);
+       },
+       static_cast<HRESULT>(0x800A000D), 300},
+      {"a 32-bit number in Pr2 overflows",
+       [&] {
+         Bag bag(first);
+         VARIANT v;
+         v.vt = VT_I4;
+         v.lVal = 70000;
+         bag.put(L"Pr2", v);
+         return loadFrom(copy, bag);
+       },
+       static_cast<HRESULT>(0x800A0006), 300},
+      {"a stream cut short fails and leaves the control",
+       [&] { return loadStream(copy, bytes.substr(0, bytes.size() - 3)); }, STG_E_READFAULT, 300},
+      {"a stream of another format fails and leaves the control",
+       [&] { return loadStream(copy, L"garbage that is long enough"); }, STG_E_READFAULT, 300},
+      {"an empty bag loads the defaults",
+       [&] {
+         Bag empty;
+         return loadFrom(copy, empty);
+       },
+       S_OK, 255},
+  };
+  for (const Bad& bad : bads) {
+    const HRESULT hr = bad.load();
+    check(hr == bad.expected && pr2Of(copy) == bad.pr2After, bad.what);
+  }
+  check(describe(first) == saved, "the container's bag is as it was saved");
+  copy->Release();
+}
+
+// The property frame, driven from a timer inside its own modal loop.
+struct PageScript {
+  IUnknown* control;
+  ContainerSite* site;
+  std::wstring pictures;
+  int step = 0;
+  HWND frame = nullptr;
+} script;
+
+BOOL CALLBACK findFrame(HWND window, LPARAM) {
+  wchar_t title[64] = {};
+  GetWindowTextW(window, title, 64);
+  if (std::wstring(title).find(L"PWM") != std::wstring::npos && IsWindowVisible(window)) {
+    script.frame = window;
+    return FALSE;
+  }
+  return TRUE;
+}
+
+HWND findId(HWND parent, int id) {
+  for (HWND c = GetWindow(parent, GW_CHILD); c; c = GetWindow(c, GW_HWNDNEXT)) {
+    if (GetDlgCtrlID(c) == id)
+      return c;
+    if (HWND inner = findId(c, id))
+      return inner;
+  }
+  return nullptr;
+}
+
+void type(HWND edit, const wchar_t* text) {
+  SetFocus(edit);
+  SendMessageW(edit, EM_SETSEL, 0, -1);
+  for (const wchar_t* c = text; *c; ++c)
+    SendMessageW(edit, WM_CHAR, *c, 1);
+}
+
+void CALLBACK pageStep(HWND, UINT, UINT_PTR timer, DWORD) {
+  constexpr int kPr2 = 1010, kClockSource = 1009, kApply = 0x3021;
+  if (!script.frame)
+    EnumThreadWindows(GetCurrentThreadId(), findFrame, 0);
+  HWND edit = script.frame ? findId(script.frame, kPr2) : nullptr;
+  HWND combo = script.frame ? findId(script.frame, kClockSource) : nullptr;
+  HWND apply = script.frame ? GetDlgItem(script.frame, kApply) : nullptr;
+  if (!edit || !combo || !apply) {
+    if (++script.step > 50) {
+      check(false, "the page's controls in the frame");
+      KillTimer(nullptr, timer);
+      if (script.frame)
+        PostMessageW(script.frame, WM_COMMAND, IDCANCEL, 0);
+    }
+    return;
+  }
+  KillTimer(nullptr, timer);
+  _PWM* pwm = as<_PWM>(script.control, IID__PWM);
+  check(!IsWindowEnabled(apply), "Apply is disabled while nothing is changed");
+  type(edit, L"100");
+  SetFocus(combo);
+  SendMessageW(combo, WM_KEYDOWN, VK_DOWN, 0); // clk / 1 to clk / 8
+  SendMessageW(combo, WM_KEYDOWN, VK_DOWN, 0); // to clk / 64
+  check(IsWindowEnabled(apply), "typing enables Apply");
+  snapshot(script.frame, script.pictures + L"\\property-page.bmp");
+  SendMessageW(apply, BM_CLICK, 0, 0);
+  SHORT pr2 = 0, prescaler = 0;
+  pwm->get_Pr2(&pr2);
+  pwm->get_Prescaler(&prescaler);
+  check(pr2 == 100 && prescaler == 64, "Apply sets the control's Pr2 100 and Prescaler 64");
+  check(!IsWindowEnabled(apply), "Apply is disabled again");
+  type(edit, L"300");
+  wchar_t shown[16] = {};
+  GetWindowTextW(edit, shown, 16);
+  check(script.site->messages.size() == 1 &&
+            script.site->messages[0] == L" Invalid Data ...\r\n Data range between 0 and 255" &&
+            std::wstring(shown) == L"0",
+        "typing 300 shows the range message through the host's service and leaves 0");
+  pwm->Release();
+  PostMessageW(script.frame, WM_COMMAND, IDCANCEL, 0);
+}
+
+void testPage(IUnknown* control, ContainerSite& site, HWND window, const std::wstring& pictures) {
+  ISpecifyPropertyPages* specify = as<ISpecifyPropertyPages>(control, IID_ISpecifyPropertyPages);
+  CAUUID pages{};
+  check(specify && specify->GetPages(&pages) == S_OK && pages.cElems == 1, "one property page");
+  script = {control, &site, pictures};
+  SetTimer(nullptr, 0, 100, pageStep);
+  const HRESULT hr = OleCreatePropertyFrame(window, 0, 0, L"PWM", 1, &control, pages.cElems,
+                                            pages.pElems, LOCALE_USER_DEFAULT, 0, nullptr);
+  check(hr == S_OK, "the property frame opens and closes");
+  CoTaskMemFree(pages.pElems);
+  specify->Release();
+}
+
+} // namespace
+
+int main() {
+  int argc = 0;
+  wchar_t** argv = CommandLineToArgvW(GetCommandLineW(), &argc);
+  if (argc < 3) {
+    std::printf("usage: ole_container.exe DEVICE_FILE PICTURE_FOLDER\n");
+    return 2;
+  }
+  OleInitialize(nullptr);
+  WNDCLASSW wc{};
+  wc.lpfnWndProc = DefWindowProcW;
+  wc.hInstance = GetModuleHandleW(nullptr);
+  wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
+  wc.lpszClassName = L"ZelvorTestContainer";
+  RegisterClassW(&wc);
+  HWND window = CreateWindowW(wc.lpszClassName, L"Test container", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
+                              40, 40, 300, 340, nullptr, nullptr, wc.hInstance, nullptr);
+  {
+    ContainerSite site(window);
+    IUnknown* control = newControl(site);
+    check(control != nullptr, "create and site the control");
+    if (!control)
+      return 1;
+    IPersistPropertyBag* persist = as<IPersistPropertyBag>(control, IID_IPersistPropertyBag);
+    check(persist->InitNew() == S_OK, "InitNew");
+    persist->Release();
+    simulate(control, argv[1]);
+    testDrawing(control, argv[2]);
+    IOleObject* ole = as<IOleObject>(control, IID_IOleObject);
+    check(ole->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, &site, 0, window, &site.place) == S_OK,
+          "in-place activation in the container's window");
+    pump(500);
+    check(snapshot(window, std::wstring(argv[2]) + L"\\control-in-container.bmp"),
+          "a picture of the container's window");
+    testPersistence(control, site);
+    testPage(control, site, window, argv[2]);
+    ole->Close(OLECLOSE_NOSAVE);
+    ole->SetClientSite(nullptr);
+    ole->Release();
+    control->Release();
+  }
+  DestroyWindow(window);
+  OleUninitialize();
+  std::printf("%d failure(s)\n", failures);
+  return failures ? 1 : 0;
+}

@@ -1,0 +1,51 @@
+// The tie between a Win32 view and its control model: the view observes the
+// model for as long as it lives and only shows what it holds. A user's action
+// runs the model's setter, whose notifications run nested; a failure raised
+// there is reported and never crosses the window procedure.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+
+#include "platform/controls/control.h"
+#include "platform/errors.h"
+
+namespace zvwin {
+
+class ControlBinding {
+public:
+  ControlBinding(zv::Control& control, std::function<void()> onChange)
+      : control_(control), id_(control.observe(std::move(onChange))) {}
+  ~ControlBinding() { control_.unobserve(id_); }
+  ControlBinding(const ControlBinding&) = delete;
+  ControlBinding& operator=(const ControlBinding&) = delete;
+
+private:
+  zv::Control& control_;
+  int id_;
+};
+
+// Where failures of user actions go; by default nowhere.
+using ErrorReporter = std::function<void(int number, const std::string& description)>;
+void setErrorReporter(ErrorReporter reporter);
+void reportError(int number, const std::string& description);
+
+template <class Action> void runUserAction(Action&& action) noexcept {
+  try {
+    action();
+  } catch (const zv::RuntimeError& e) {
+    reportError(e.number(), e.description());
+  } catch (...) {
+    reportError(51, zv::errorDescription(51));
+  }
+}
+
+// Pixels per twip at a window's DPI.
+double pixelsPerTwip(HWND window);
+
+// The module these views are linked into, where their window classes live.
+HINSTANCE thisModule();
+
+} // namespace zvwin
