@@ -34,10 +34,16 @@ HRESULT PwmObject::create(REFIID iid, void** out) {
   PwmObject* object = new (std::nothrow) PwmObject();
   if (!object)
     return E_OUTOFMEMORY;
-  // The start-up's message boxes are the system's: no site is known yet.
+  // The start-up's message boxes are the system's: no site is known yet. It
+  // runs before there is a component to hand them to.
   HRESULT hr = object->call(IID__PWM, [&] {
     zv::Status status;
-    object->component_.reset(zelvor_create_component(nullptr, nullptr, &status));
+    {
+      zv::ScopedDefaultMessageBoxes startUp(object->boxes_);
+      object->component_.reset(zelvor_create_component(nullptr, nullptr, &status));
+    }
+    if (object->component_)
+      object->component_->setMessageBoxes(&object->boxes_);
     return status;
   });
   if (SUCCEEDED(hr))
@@ -76,10 +82,7 @@ ULONG PwmObject::Release() {
   const ULONG left = --references_;
   if (left == 0) {
     control_.InPlaceDeactivate(); // its window shows the component's controls
-    {
-      MessageBoxScope scope(boxes_);
-      component_.reset();
-    }
+    component_.reset();
     delete this;
   }
   return left;

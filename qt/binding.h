@@ -12,7 +12,7 @@
 #include <string>
 
 #include "platform/controls/control.h"
-#include "platform/errors.h"
+#include "platform/funnel.h"
 
 class QPainter;
 
@@ -57,15 +57,9 @@ void setErrorReporter(ErrorReporter reporter);
 void reportError(int number, const std::string& description);
 
 template <class Action> void runUserAction(Action&& action) noexcept {
-  try {
-    action();
-  } catch (const zv::RuntimeError& e) {
-    reportError(e.number(), e.description());
-  } catch (const std::exception& e) {
-    reportError(51, e.what());
-  } catch (...) {
-    reportError(51, zv::errorDescription(51));
-  }
+  const zv::Status status = zv::guard(action);
+  if (!status.ok())
+    reportError(status.number, status.description);
 }
 
 } // namespace zvqt

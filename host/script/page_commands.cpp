@@ -11,10 +11,6 @@ namespace zvhost {
 
 namespace {
 
-int16_t sign(bool b) {
-  return b ? -1 : 0;
-}
-
 template <class T> T& controlOf(zv::PageObject& page, const std::string& name, const char* what) {
   zv::Control* c = page.control(name);
   if (!c)
@@ -57,7 +53,7 @@ Json controlJson(const zv::Control& c) {
       items.push_back(textJson(item));
     j["items"] = std::move(items);
   }
-  j["enabled"] = sign(c.Enabled());
+  j["enabled"] = zv::vbBool(c.Enabled());
   return j;
 }
 
@@ -77,7 +73,7 @@ Json Runner::pageState() {
   for (zv::Control* c : page.controls())
     controls[c->name()] = controlJson(*c);
   j["controls"] = std::move(controls);
-  j["changed"] = sign(page.site().Changed());
+  j["changed"] = zv::vbBool(page.site().Changed());
   zv::Control* focus = page.site().focus();
   j["focus"] = focus ? Json(focus->name()) : Json(nullptr);
   return j;
@@ -93,7 +89,7 @@ Runner::Reply Runner::pageCommand(LineScanner& scan) {
   if (verb == "new") {
     noMore();
     page_.reset();
-    page_ = plugin_.createPage(r.status);
+    page_ = plugin_.createPage(r.status, &boxes_);
     if (!page_ && r.status.ok())
       r.status = {zv::errInvalidCall, zv::errorDescription(zv::errInvalidCall)};
     return r;

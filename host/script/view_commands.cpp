@@ -3,15 +3,12 @@
 #include <fstream>
 
 #include "host/pictures/render.h"
+#include "platform/vbnum.h"
 #include "runner.h"
 
 namespace zvhost {
 
 namespace {
-
-int16_t sign(bool b) {
-  return b ? -1 : 0;
-}
 
 zv::Canvas& canvasOf(zv::ComponentObject& component, int index) {
   const std::string name = "Pic_Graph(" + std::to_string(index) + ")";
@@ -57,7 +54,7 @@ Runner::Reply Runner::panel() {
   Json controls = Json::object();
   for (zv::Control* control : c.panelControls()) {
     Json one;
-    one["visible"] = sign(control->Visible());
+    one["visible"] = zv::vbBool(control->Visible());
     if (auto* label = dynamic_cast<zv::Label*>(control))
       one["caption"] = textJson(label->Caption());
     controls[control->name()] = std::move(one);
