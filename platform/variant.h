@@ -103,7 +103,7 @@ public:
   /// Stores v converted to the element type (an array of Variant keeps v as
   /// it is); out of bounds raises errSubscript, a failed conversion its error.
   void set(int32_t index, const Variant& v);
-  // The same, taking over v's payload: nested arrays are moved, not copied.
+  /// The same, taking over v's payload: nested arrays are moved, not copied.
   void set(int32_t index, Variant&& v);
 
   /// Same element type, same bounds, equal elements.
