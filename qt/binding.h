@@ -26,6 +26,11 @@ inline int twipsToPixels(double twips) {
 }
 QRect twipsRect(double left, double top, double width, double height);
 
+// The component's text is Windows-1252; Qt's is Unicode. A character typed
+// that Windows-1252 cannot hold becomes "?", as the system's conversion does.
+QString fromAnsi(const std::string& text);
+std::string toAnsi(const QString& text);
+
 // The font the twips layouts were made for: 8 points of the default face.
 QFont platformFont();
 
