@@ -4,11 +4,11 @@ PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchm
 	nlohmann-json3-dev qt6-base-dev qt6-svg-dev libgl-dev fp-utils clang-format \
 	gcc-avr avr-libc binutils-avr simavr libsimavr-dev libelf-dev sigrok-cli \
 	clang libclang-rt-14-dev wine64 g++-mingw-w64-x86-64 mingw-w64-tools \
-	dpkg-dev lintian debootstrap nsis xvfb
+	dpkg-dev lintian debootstrap nsis xvfb doxygen
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
 .PHONY: deps build test test-default test-asan test-windows bench-windows demo bench format clean fuzz fuzz-smoke \
-	fuzz-build fuzz-run package install-test installer installer-test
+	fuzz-build fuzz-run package install-test installer installer-test api-docs
 
 deps:
 	@missing=""; for p in $(PACKAGES); do \
@@ -76,6 +76,11 @@ fuzz-run:
 	    -print_final_stats=0 -artifact_prefix=build-fuzz/crashes/$$t- \
 	    build-fuzz/corpus/$$t fuzz/corpus/$$t 2>build-fuzz/$$t.log || { tail -40 build-fuzz/$$t.log; exit 1; }; \
 	done
+
+# The API reference of include/zelvor, in build/docs/api/html.
+api-docs: deps
+	cmake --preset default >/dev/null
+	cmake --build --preset default --target api-docs
 
 # Debian packages in build/package; install-test puts the main one on a fresh
 # Debian 12 chroot (root; the base system is kept in ~/.cache/zelvor-install-test).

@@ -56,7 +56,6 @@ void openPlugin() {
   Entries& e = entries();
   if (e.createComponent)
     return;
-  zv::setMessageBoxService(&boxes());
   // The library stays loaded for the whole run, as in a host.
   void* handle = ::dlopen(ZV_BENCH_PLUGIN, RTLD_NOW | RTLD_LOCAL);
   if (!handle)
@@ -72,6 +71,7 @@ ComponentPtr createComponent(const std::string& folder, const std::string& baseN
   zv::Status status;
   zv::ComponentObject* made = entries().createComponent(folder.c_str(), baseName.c_str(), &status);
   check(status, "zelvor_create_component");
+  made->setMessageBoxes(&boxes());
   return ComponentPtr(made);
 }
 
@@ -80,6 +80,7 @@ PagePtr createPage() {
   zv::Status status;
   zv::PageObject* made = entries().createPage(&status);
   check(status, "zelvor_create_page");
+  made->setMessageBoxes(&boxes());
   return PagePtr(made);
 }
 

@@ -71,7 +71,10 @@ public:
   HRESULT make() {
     return run([&] {
       zv::Status status;
+      zv::ScopedDefaultMessageBoxes initialisation(ref_.object.messageBoxes());
       page_.reset(zelvor_create_page(&status));
+      if (page_)
+        page_->setMessageBoxes(&ref_.object.messageBoxes());
       return status;
     });
   }

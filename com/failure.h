@@ -5,11 +5,10 @@
 
 #include <oaidl.h>
 
-#include <new>
 #include <string>
 #include <type_traits>
 
-#include "platform/errors.h"
+#include "platform/funnel.h"
 #include "zelvor/status.h"
 
 namespace zvcom {
@@ -31,12 +30,8 @@ template <class Body> HRESULT run(REFIID iid, Body&& body) noexcept {
       body();
     else
       status = body();
-  } catch (const zv::RuntimeError& e) {
-    status = {e.number(), e.description()};
-  } catch (const std::bad_alloc&) {
-    return E_OUTOFMEMORY;
   } catch (...) {
-    return E_UNEXPECTED;
+    status = zv::statusOfCurrentException();
   }
   return report(status, iid);
 }

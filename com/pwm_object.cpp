@@ -35,10 +35,16 @@ HRESULT PwmObject::create(REFIID iid, void** out) {
   PwmObject* object = new (std::nothrow) PwmObject();
   if (!object)
     return E_OUTOFMEMORY;
-  // The start-up's message boxes are the system's: no site is known yet.
+  // The start-up's message boxes are the system's: no site is known yet. It
+  // runs before there is a component to hand them to.
   HRESULT hr = object->call(IID__PWM, [&] {
     zv::Status status;
-    object->component_.reset(zelvor_create_component(nullptr, nullptr, &status));
+    {
+      zv::ScopedDefaultMessageBoxes startUp(object->boxes_);
+      object->component_.reset(zelvor_create_component(nullptr, nullptr, &status));
+    }
+    if (object->component_)
+      object->component_->setMessageBoxes(&object->boxes_);
     return status;
   });
   if (SUCCEEDED(hr))
@@ -55,13 +61,14 @@ HRESULT PwmObject::restart(const std::string& folder, const std::string& baseNam
   std::unique_ptr<zv::ComponentObject, Destroy> made;
   const HRESULT hr = call(IID__PWM, [&] {
     zv::Status status;
+    zv::ScopedDefaultMessageBoxes startUp(boxes_);
     made.reset(zelvor_create_component(folder.empty() ? nullptr : folder.c_str(),
                                        baseName.empty() ? nullptr : baseName.c_str(), &status));
     return status;
   });
   if (SUCCEEDED(hr) && made) {
-    MessageBoxScope scope(boxes_);
-    component_ = std::move(made);
+    made->setMessageBoxes(&boxes_);
+    std::swap(component_, made); // the old one goes with made, its boxes still ours
   }
   return hr;
 }
@@ -93,10 +100,7 @@ ULONG PwmObject::Release() {
   const ULONG left = --references_;
   if (left == 0) {
     control_.InPlaceDeactivate(); // its window shows the component's controls
-    {
-      MessageBoxScope scope(boxes_);
-      component_.reset();
-    }
+    component_.reset();
     delete this;
   }
   return left;

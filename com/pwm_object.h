@@ -1,7 +1,7 @@
 // The COM class PWM: one component object behind its default interface _PWM,
 // its face IZelvorComponentV4, ISupportErrorInfo, IOleObject, and the OLE
-// control's other faces (control/ole_control.h). Every
-// call runs with this object's message boxes installed and ends as an HRESULT
+// control's other faces (control/ole_control.h). The component shows its
+// message boxes through this object's, and every call ends as an HRESULT
 // (see failure.h). Apartment-threaded: one call at a time, no locks.
 #pragma once
 
@@ -22,12 +22,13 @@ public:
   // Creates an object (the component's start-up runs) and asks it for iid.
   static HRESULT create(REFIID iid, void** out);
 
-  // Runs one operation of the component with this object's message boxes.
+  // Runs one operation of the component.
   template <class Body> HRESULT call(REFIID iid, Body&& body) {
-    MessageBoxScope boxes(boxes_);
     return run(iid, std::forward<Body>(body));
   }
   zv::ComponentObject& component() { return *component_; }
+  // The boxes of this object: its site's service, else the system's.
+  zv::MessageBoxService& messageBoxes() { return boxes_; }
   // A new component with this code file folder and base name (empty: the
   // library's own) replaces the current one; on failure the current one stays.
   // An object active in place is not restarted (E_UNEXPECTED).

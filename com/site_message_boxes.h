@@ -1,6 +1,6 @@
 // The message boxes of one object: the host's IZelvorMessageBoxes service when
 // the object's site offers it through IServiceProvider, else the system's
-// message box. A scope installs them for the duration of one call.
+// message box. The object hands them to its component once, at creation.
 #pragma once
 
 #include <ocidl.h>
@@ -24,19 +24,6 @@ public:
 private:
   zv::SystemMessageBoxes system_;
   IUnknown* site_ = nullptr;
-};
-
-class MessageBoxScope {
-public:
-  explicit MessageBoxScope(zv::MessageBoxService& boxes) : previous_(zv::messageBoxService()) {
-    zv::setMessageBoxService(&boxes);
-  }
-  ~MessageBoxScope() { zv::setMessageBoxService(&previous_); }
-  MessageBoxScope(const MessageBoxScope&) = delete;
-  MessageBoxScope& operator=(const MessageBoxScope&) = delete;
-
-private:
-  zv::MessageBoxService& previous_;
 };
 
 } // namespace zvcom

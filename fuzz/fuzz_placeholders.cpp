@@ -5,7 +5,8 @@
 
 #include <array>
 
-#include "component/sim/prescaler.h"
+#include "platform/vbnum.h"
+#include "sim/prescaler.h"
 #include "support.h"
 
 using namespace zv;
@@ -36,7 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   pwm->iPr2 = in.ConsumeIntegral<int16_t>();
   pwm->iPrescaler = in.ConsumeBool() ? kPrescalers[in.ConsumeIntegralInRange(0, 7)].value
                                      : in.ConsumeIntegral<int16_t>();
-  pwm->bUseAltPin = in.ConsumeBool() ? -1 : 0;
+  pwm->bUseAltPin = vbBool(in.ConsumeBool());
   pwm->iHasAltPin = in.ConsumeIntegral<int16_t>();
   // Blanks ending in one "%": the text may still complete a placeholder there,
   // and a search passes the filler at memchr's speed, with no compare per byte

@@ -7,7 +7,7 @@
 #include <functional>
 #include <optional>
 
-#include "component/pins/pin_slot.h"
+#include "pins/pin_slot.h"
 #include "platform/propbag.h"
 #include "platform/vbnum.h"
 #include "support.h"
@@ -43,10 +43,6 @@ Settings settingsOf(PWM& p) {
 bool periodFails(int16_t pr2, int16_t prescaler, int16_t divider) {
   const int32_t cycles = (int32_t{pr2} + 1) * divider;
   return prescaler != -1 && (pr2 == 32767 || cycles < -32768 || cycles > 32767);
-}
-
-int16_t vbBool(bool b) {
-  return b ? -1 : 0;
 }
 
 // The expected settings after the load, and whether it succeeds.

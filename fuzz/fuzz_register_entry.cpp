@@ -10,7 +10,7 @@
 //  - a step that brings the message leaves the text "0".
 #include <fuzzer/FuzzedDataProvider.h>
 
-#include "component/page/properties.h"
+#include "page/properties.h"
 #include "platform/vbnum.h"
 #include "support.h"
 
@@ -18,9 +18,9 @@ using namespace zv;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static const char kKeys[] = "0123456789012345.-+eE &Hh,$x";
-  fuzz::boxes();
   FuzzedDataProvider in(data, size);
   Properties page;
+  page.setMessageBoxes(&fuzz::boxes());
   for (int steps = in.ConsumeIntegralInRange(1, 40); steps > 0 && in.remaining_bytes(); --steps) {
     const int16_t pr2Before = page.iPagePr2;
     const int scrollBefore = page.VScroll1.Value();

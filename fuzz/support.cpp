@@ -44,8 +44,6 @@ std::string writeScratch(const std::string& name, std::string_view bytes) {
 
 HeadlessMessageBoxes& boxes() {
   static HeadlessMessageBoxes headless;
-  static const bool installed = (setMessageBoxService(&headless), true);
-  (void)installed;
   return headless;
 }
 
@@ -53,8 +51,7 @@ std::unique_ptr<PWM> makeComponent(const std::string& baseName) {
   std::ifstream shipped(ZV_CODE_FOLDER "/AVR_PWM.c", std::ios::binary);
   const std::string code{std::istreambuf_iterator<char>(shipped), {}};
   writeScratch(baseName + ".c", code);
-  boxes();
-  return std::make_unique<PWM>(LibraryFacts{scratchFolder(), baseName, 4, 0, 0});
+  return std::make_unique<PWM>(LibraryFacts{scratchFolder(), baseName, 4, 0, 0}, &boxes());
 }
 
 Variant randomVariant(FuzzedDataProvider& in, bool allowArray) {

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "component/core/pwm.h"
+#include "core/pwm.h"
 #include "platform/msgbox.h"
 
 namespace zv::fuzz {

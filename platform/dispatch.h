@@ -1,5 +1,6 @@
-// Late-bound access to an object's public interface by member name, as the
-// property page and the script runner reach a component's properties.
+/// @file
+/// Late-bound access to an object's public interface by member name, as the
+/// property page and the script runner reach a component's properties.
 #pragma once
 
 #include <string>
@@ -9,13 +10,18 @@
 
 namespace zv {
 
+/// An object's public interface by member name. Failures are thrown as
+/// RuntimeError: an unknown name raises errNoSuchMember, a wrong count of
+/// arguments errWrongArguments.
 class Dispatch {
 public:
   virtual ~Dispatch() = default;
-  // Unknown names raise 438-style errors (errInvalidCall here).
+  /// The value of property name (a method without arguments answers too).
   virtual Variant getProperty(const std::string& name) = 0;
+  /// Writes value to property name.
   virtual void putProperty(const std::string& name, const Variant& value) = 0;
-  // args are in/out: a method may write back into them.
+  /// Calls method name and answers its result; args are in/out: a method may
+  /// write back into them.
   virtual Variant callMethod(const std::string& name, std::vector<Variant>& args) = 0;
 };
 

@@ -1,5 +1,9 @@
 #include "errors.h"
 
+#include <new>
+
+#include "funnel.h"
+
 namespace zv {
 
 RuntimeError::RuntimeError(int number, const std::string& description)
@@ -7,47 +11,65 @@ RuntimeError::RuntimeError(int number, const std::string& description)
 
 std::string errorDescription(int number) {
   switch (number) {
-  case 5:
+  case errInvalidCall:
     return "Invalid procedure call or argument";
-  case 6:
+  case errOverflow:
     return "Overflow";
-  case 7:
+  case errOutOfMemory:
     return "Out of memory";
-  case 9:
+  case errSubscript:
     return "Subscript out of range";
-  case 11:
+  case errDivisionByZero:
     return "Division by zero";
-  case 13:
+  case errTypeMismatch:
     return "Type mismatch";
-  case 51:
+  case errInternal:
     return "Internal error";
-  case 52:
+  case errBadFileNameOrNumber:
     return "Bad file name or number";
-  case 53:
+  case errFileNotFound:
     return "File not found";
-  case 54:
+  case errBadFileMode:
     return "Bad file mode";
-  case 62:
+  case errInputPastEnd:
     return "Input past end of file";
-  case 75:
+  case errPathAccess:
     return "Path/File access error";
-  case 76:
+  case errPathNotFound:
     return "Path not found";
-  case 91:
+  case errObjectNotSet:
     return "Object variable or With block variable not set";
-  case 380:
+  case errInvalidPropertyValue:
     return "Invalid property value";
-  case 438:
+  case errNoSuchMember:
     return "Object doesn't support this property or method";
-  case 450:
+  case errWrongArguments:
     return "Wrong number of arguments or invalid property assignment";
   default:
     return "Application-defined or object-defined error";
   }
 }
 
-void raise(int number) { throw RuntimeError(number, errorDescription(number)); }
+void raise(int number) {
+  throw RuntimeError(number, errorDescription(number));
+}
 
-void raise(int number, const std::string& description) { throw RuntimeError(number, description); }
+void raise(int number, const std::string& description) {
+  throw RuntimeError(number, description);
+}
+
+Status statusOfCurrentException() noexcept {
+  try {
+    throw;
+  } catch (const RuntimeError& e) {
+    return {e.number(), e.description()};
+  } catch (const std::bad_alloc&) {
+    return {errOutOfMemory, errorDescription(errOutOfMemory)};
+  } catch (const std::exception& e) {
+    return {errInternal, e.what()};
+  } catch (...) {
+    return {errInternal, errorDescription(errInternal)};
+  }
+}
 
 } // namespace zv

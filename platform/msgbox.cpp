@@ -3,23 +3,29 @@
 namespace zv {
 
 namespace {
-HeadlessMessageBoxes& headless() {
-  static HeadlessMessageBoxes service;
-  return service;
-}
-MessageBoxService* installed = nullptr;
+MessageBoxService* standIn = nullptr;
 } // namespace
-
-void setMessageBoxService(MessageBoxService* service) { installed = service; }
-
-MessageBoxService& messageBoxService() { return installed ? *installed : headless(); }
-
-void msgBox(const std::string& text, const std::string& title) {
-  messageBoxService().show(text, title);
-}
 
 void HeadlessMessageBoxes::show(const std::string& text, const std::string&) {
   texts.push_back(text);
+}
+
+MessageBoxService& defaultMessageBoxes() {
+  static HeadlessMessageBoxes headless;
+  return standIn ? *standIn : headless;
+}
+
+void showMessage(MessageBoxService* service, const std::string& text) {
+  (service ? *service : defaultMessageBoxes()).show(text, {});
+}
+
+ScopedDefaultMessageBoxes::ScopedDefaultMessageBoxes(MessageBoxService& service)
+    : replaced_(standIn) {
+  standIn = &service;
+}
+
+ScopedDefaultMessageBoxes::~ScopedDefaultMessageBoxes() {
+  standIn = replaced_;
 }
 
 } // namespace zv

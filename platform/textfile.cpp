@@ -27,7 +27,6 @@ constexpr int kOpenFlags = O_RDONLY | O_BINARY;
 #else
 constexpr int kOpenFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
 #endif
-constexpr int errInputPastEnd = 62;
 #ifdef _WIN32
 // The C library there has no memrchr.
 const void* memrchr(const void* s, int c, size_t n) {
@@ -118,7 +117,7 @@ bool LineReader::fill() {
 
 bool LineReader::atEnd() {
   if (fd_ < 0)
-    raise(52); // bad file name or number: the channel is not open
+    raise(errBadFileNameOrNumber); // the channel is not open
   return !fill();
 }
 

@@ -29,6 +29,11 @@ int16_t cint(double v);
 int32_t clng(double v);
 uint8_t cbyte(double v);
 
+// A Boolean held in 16 bits: -1 for true, 0 for false.
+inline int16_t vbBool(bool b) {
+  return b ? -1 : 0;
+}
+
 // Conversions of a Variant, as VB's CInt, CLng, CByte, CBool, CDbl, CSng, CStr.
 // Empty is 0 / False / "". A text is read by textToNumber or textToBool.
 // An array, or a text that doesn't read, raises 13; out of range raises 6.

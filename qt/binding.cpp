@@ -3,7 +3,10 @@
 #include <QPaintEngine>
 #include <QPainter>
 #include <QtGlobal>
+#include <string_view>
 #include <utility>
+
+#include "platform/ansi_text.h"
 
 namespace zvqt {
 
@@ -19,6 +22,28 @@ QRect twipsRect(double left, double top, double width, double height) {
   int x1 = twipsToPixels(left), y1 = twipsToPixels(top);
   int x2 = twipsToPixels(left + width), y2 = twipsToPixels(top + height);
   return QRect(x1, y1, x2 - x1, y2 - y1);
+}
+
+QString fromAnsi(const std::string& text) {
+  return QString::fromStdString(zv::utf8FromAnsi(text));
+}
+
+std::string toAnsi(const QString& text) {
+  const std::string utf8 = text.toStdString();
+  std::string ansi;
+  std::string_view rest = utf8;
+  for (;;) {
+    std::string part;
+    size_t badAt = 0;
+    if (zv::ansiFromUtf8(rest, part, badAt)) {
+      ansi += part;
+      return ansi;
+    }
+    ansi += part.substr(0, badAt) + '?';
+    char32_t c = 0;
+    const size_t length = zv::decodeUtf8(rest.substr(badAt), c);
+    rest.remove_prefix(badAt + (length > 0 ? length : 1));
+  }
 }
 
 QFont platformFont() {

@@ -12,7 +12,7 @@
 #include <string>
 
 #include "platform/controls/control.h"
-#include "platform/errors.h"
+#include "platform/funnel.h"
 
 class QPainter;
 
@@ -25,6 +25,11 @@ inline int twipsToPixels(double twips) {
   return qRound(twips * kPixelsPerTwip);
 }
 QRect twipsRect(double left, double top, double width, double height);
+
+// The component's text is Windows-1252; Qt's is Unicode. A character typed
+// that Windows-1252 cannot hold becomes "?", as the system's conversion does.
+QString fromAnsi(const std::string& text);
+std::string toAnsi(const QString& text);
 
 // The font the twips layouts were made for: 8 points of the default face.
 QFont platformFont();
@@ -57,15 +62,9 @@ void setErrorReporter(ErrorReporter reporter);
 void reportError(int number, const std::string& description);
 
 template <class Action> void runUserAction(Action&& action) noexcept {
-  try {
-    action();
-  } catch (const zv::RuntimeError& e) {
-    reportError(e.number(), e.description());
-  } catch (const std::exception& e) {
-    reportError(51, e.what());
-  } catch (...) {
-    reportError(51, zv::errorDescription(51));
-  }
+  const zv::Status status = zv::guard(action);
+  if (!status.ok())
+    reportError(status.number, status.description);
 }
 
 } // namespace zvqt

@@ -16,7 +16,7 @@ CheckBoxView::CheckBoxView(zv::CheckBox& box, QWidget* parent)
 void CheckBoxView::sync() {
   showControlState(*this, box_);
   QSignalBlocker block(this);
-  QString caption = QString::fromStdString(box_.Caption());
+  QString caption = fromAnsi(box_.Caption());
   if (text() != caption)
     setText(caption);
   static const Qt::CheckState states[] = {Qt::Unchecked, Qt::Checked, Qt::PartiallyChecked};

@@ -20,11 +20,11 @@ void ComboBoxView::sync() {
   const auto& items = combo_.items();
   bool same = count() == static_cast<int>(items.size());
   for (int i = 0; same && i < count(); ++i)
-    same = itemText(i) == QString::fromStdString(items[i]);
+    same = itemText(i) == fromAnsi(items[i]);
   if (!same) {
     clear();
     for (const auto& item : items)
-      addItem(QString::fromStdString(item));
+      addItem(fromAnsi(item));
   }
   if (currentIndex() != combo_.ListIndex())
     setCurrentIndex(combo_.ListIndex());

@@ -9,7 +9,7 @@ FrameView::FrameView(zv::Frame& frame, QWidget* parent)
 
 void FrameView::sync() {
   showControlState(*this, frame_);
-  QString caption = QString::fromStdString(frame_.Caption());
+  QString caption = fromAnsi(frame_.Caption());
   if (title() != caption)
     setTitle(caption);
 }

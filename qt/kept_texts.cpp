@@ -1,4 +1,5 @@
 #include "kept_texts.h"
+#include "binding.h"
 
 #include <QFontMetricsF>
 #include <QStaticText>
@@ -19,7 +20,7 @@ const QStaticText& shapedText(QPainter& painter, const std::string& text) {
     shaped.clear();
   auto it = shaped.find(text);
   if (it == shaped.end()) {
-    it = shaped.emplace(text, QStaticText(QString::fromStdString(text))).first;
+    it = shaped.emplace(text, QStaticText(fromAnsi(text))).first;
     it->second.setTextFormat(Qt::PlainText);
     it->second.prepare(painter.transform(), painter.font());
   }
@@ -83,7 +84,7 @@ void drawAndKeep(Kept& kept, QPainter& painter, QImage& target, QPointF at, cons
                  const QColor& color) {
   const QFontMetricsF metrics(painter.font());
   const QRectF ink =
-      painter.deviceTransform().mapRect(metrics.boundingRect(QString::fromStdString(text))
+      painter.deviceTransform().mapRect(metrics.boundingRect(fromAnsi(text))
                                             .translated(at.x(), at.y() + metrics.ascent())
                                             .united(QRectF(at, shapedText(painter, text).size())));
   const QRect area = QRect(QPoint(static_cast<int>(std::floor(ink.left())) - kMargin,

@@ -42,7 +42,7 @@ LabelView::LabelView(zv::Label& label, QWidget* parent)
 
 void LabelView::sync() {
   showControlState(*this, label_);
-  QString caption = QString::fromStdString(label_.Caption());
+  QString caption = fromAnsi(label_.Caption());
   if (text() != caption)
     setText(caption);
   setAlignment(alignmentOf(label_.Alignment()));

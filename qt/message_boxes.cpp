@@ -1,4 +1,5 @@
 #include "message_boxes.h"
+#include "binding.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -7,8 +8,8 @@ namespace zvqt {
 
 void QtMessageBoxes::show(const std::string& text, const std::string& title) {
   QWidget* parent = parent_ ? parent_.data() : QApplication::activeWindow();
-  QString caption = QString::fromStdString(title.empty() ? kDefaultTitle : title);
-  QString body = QString::fromStdString(text);
+  QString caption = zvqt::fromAnsi(title.empty() ? kDefaultTitle : title);
+  QString body = zvqt::fromAnsi(text);
   body.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
   QMessageBox box(QMessageBox::NoIcon, caption, body, QMessageBox::Ok, parent);
   box.setTextFormat(Qt::PlainText);

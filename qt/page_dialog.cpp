@@ -1,4 +1,5 @@
 #include "page_dialog.h"
+#include "binding.h"
 
 #include <QDialogButtonBox>
 #include <QVBoxLayout>
@@ -6,7 +7,7 @@
 namespace zvqt {
 
 PageDialog::PageDialog(zv::PageObject& page, QWidget* parent) : QDialog(parent), page_(page) {
-  setWindowTitle(QString::fromStdString(page.caption()));
+  setWindowTitle(fromAnsi(page.caption()));
   auto* layout = new QVBoxLayout(this);
   pageWidget_ = new PageWidget(page, this);
   layout->addWidget(pageWidget_);

@@ -8,7 +8,7 @@ namespace zvqt {
 TextBoxView::TextBoxView(zv::TextBox& box, QWidget* parent)
     : QLineEdit(parent), box_(box), binding_(box, [this] { sync(); }) {
   connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
-    runUserAction([&] { box_.setText(text.toStdString()); });
+    runUserAction([&] { box_.setText(toAnsi(text)); });
     sync();
   });
   sync();
@@ -16,7 +16,7 @@ TextBoxView::TextBoxView(zv::TextBox& box, QWidget* parent)
 
 void TextBoxView::sync() {
   showControlState(*this, box_);
-  QString text = QString::fromStdString(box_.Text());
+  QString text = fromAnsi(box_.Text());
   if (this->text() == text)
     return;
   QSignalBlocker block(this);

@@ -81,13 +81,9 @@ PropertyPage::PropertyPage() : boxes_(libraryBaseName()) {
 
 PropertyPage::~PropertyPage() {
   Deactivate();
-  shownBoxes_.reset();
   if (page_)
     page_->site().onChangedChanged = nullptr;
-  {
-    MessageBoxScope scope(boxes_);
-    page_.reset();
-  }
+  page_.reset();
   release();
   if (site_)
     site_->Release();
@@ -104,8 +100,11 @@ HRESULT PropertyPage::create(REFIID iid, void** out) {
   HRESULT hr = page->call([&] {
     zv::Status status;
     page->page_.reset(zelvor_create_page(&status));
-    if (page->page_)
+    if (page->page_) {
+      // The user's edits on the shown page raise their message boxes through ours.
+      page->page_->setMessageBoxes(&page->boxes_);
       page->page_->site().onChangedChanged = [page] { page->changedShown(); };
+    }
     return status;
   });
   if (SUCCEEDED(hr))
@@ -115,7 +114,6 @@ HRESULT PropertyPage::create(REFIID iid, void** out) {
 }
 
 template <class Body> HRESULT PropertyPage::call(Body&& body) {
-  MessageBoxScope scope(boxes_);
   return run(IID_IPropertyPage2, std::forward<Body>(body));
 }
 
@@ -188,7 +186,6 @@ HRESULT PropertyPage::Activate(HWND parent, LPCRECT place, BOOL) {
     window_.reset();
     return E_FAIL;
   }
-  shownBoxes_ = std::make_unique<MessageBoxScope>(boxes_);
   wchar_t cls[16] = {};
   if (GetClassNameW(parent, cls, 16) && lstrcmpW(cls, L"#32770") == 0 && GetParent(parent) &&
       SetWindowSubclass(parent, sheetPage, 1, reinterpret_cast<DWORD_PTR>(this)))
@@ -201,7 +198,6 @@ HRESULT PropertyPage::Deactivate() {
     RemoveWindowSubclass(sheetPage_, sheetPage, 1);
   sheetPage_ = nullptr;
   window_.reset();
-  shownBoxes_.reset();
   return S_OK;
 }
 

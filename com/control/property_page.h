@@ -61,8 +61,6 @@ private:
   ULONG references_ = 1;
   std::unique_ptr<zv::PageObject, Destroy> page_;
   std::unique_ptr<zvwin::PageWindow> window_;
-  // The user's edits on the shown page raise their message boxes through ours.
-  std::unique_ptr<MessageBoxScope> shownBoxes_;
   std::vector<std::unique_ptr<RemoteDispatch>> selection_;
   IPropertyPageSite* site_ = nullptr;
   SiteMessageBoxes boxes_;

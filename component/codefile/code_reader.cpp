@@ -1,6 +1,5 @@
 // The two readers of the code file: one key through the profile function, and
 // one marked block by a line scan. Each catches the platform's errors itself.
-#include "../../platform/msgbox.h"
 #include "../../platform/profile.h"
 #include "../../platform/textfile.h"
 #include "../core/pwm.h"
@@ -11,14 +10,22 @@ namespace {
 
 constexpr uint32_t kKeyBufferSize = 255;
 
-void reportMissing(const std::string& path) {
-  msgBox("Error - cannot find C code file:\r\n\r\n" + path);
+void reportMissing(PWM& pwm, const std::string& path) {
+  pwm.msgBox("Error - cannot find C code file:\r\n\r\n" + path);
 }
 
 } // namespace
 
 std::string PWM::codeFilePath() const {
   return joinPath(App.folder, sCodeFilename);
+}
+
+std::string PWM::ini(std::string section, std::string key, std::string fallback) {
+  return GetIniKeyValue(section, key, fallback);
+}
+
+std::string PWM::block(std::string name) {
+  return GetCodeFromFile(name);
 }
 
 std::string PWM::GetIniKeyValue(std::string& lpApplicationName, std::string& lpKeyName,
@@ -32,7 +39,7 @@ std::string PWM::GetIniKeyValue(std::string& lpApplicationName, std::string& lpK
     buffer.resize(n);
     // A missing file is reported, and the caller still gets its default.
     if (!found)
-      reportMissing(path);
+      reportMissing(*this, path);
     return buffer;
   } catch (const RuntimeError& e) {
     msgBox(e.description());
@@ -55,7 +62,7 @@ std::string PWM::GetCodeFromFile(std::string& lpCodeName) {
       file = LineReader(path);
     } catch (const RuntimeError&) {
       if (!fileExists(path))
-        reportMissing(path);
+        reportMissing(*this, path);
       throw;
     }
     // The scan runs to the end of the file: blocks of one name add up.

@@ -19,7 +19,7 @@ inline int16_t intOfKey(const std::string& text) {
 
 // A Boolean field holds -1 for true.
 inline int16_t boolOfKey(const std::string& text) {
-  return textToBool(text) ? -1 : 0;
+  return vbBool(textToBool(text));
 }
 
 // The key name of item n: its number with one blank ahead, where a sign would stand.

@@ -1,8 +1,7 @@
 // The macro table: built from the code file's macro sections when the host
 // tells its version, then read by the host through four operations.
-#include "../../platform/msgbox.h"
+#include "../../platform/funnel.h"
 #include "../core/counted_loop.h"
-#include "../core/guard.h"
 #include "../core/pwm.h"
 #include "key_values.h"
 
@@ -13,14 +12,10 @@ namespace {
 // Beyond this many slots the table can't be allocated.
 constexpr int32_t kMaxMacroSlots = 1 << 20;
 
-std::string ini(PWM& pwm, std::string section, std::string key, std::string fallback) {
-  return pwm.GetIniKeyValue(section, key, fallback);
-}
-
 Variant parameterList(PWM& pwm, int16_t i, const std::string& name) {
   const std::string sP = "MacroParameters_" + name;
   const std::string sT = "MacroParamTypes_" + name;
-  const int16_t n = intOfKey(ini(pwm, sP, "Count", "0"));
+  const int16_t n = intOfKey(pwm.ini(sP, "Count", "0"));
   if (n == 0)
     return Variant::array(SafeArray::none(VarType::Variant));
   if (n < 0)
@@ -28,11 +23,11 @@ Variant parameterList(PWM& pwm, int16_t i, const std::string& name) {
   SafeArray params(VarType::BSTR, 0, n - 1);
   countedLoop16(1, n, [&](int16_t j) {
     const std::string k = numberedKey(j);
-    const std::string pname = ini(pwm, sP, k, "");
-    const std::string ptype = ini(pwm, sT, k, "char");
+    const std::string pname = pwm.ini(sP, k, "");
+    const std::string ptype = pwm.ini(sT, k, "char");
     if (pname.empty())
-      msgBox("Error: Parameter " + std::to_string(i) + "." + std::to_string(j) +
-             " is missing from the code file!");
+      pwm.msgBox("Error: Parameter " + std::to_string(i) + "." + std::to_string(j) +
+                 " is missing from the code file!");
     params.set(j - 1, Variant::str(pname + "|" + pname + "|" + ptype));
   });
   return Variant::array(std::move(params));
@@ -41,18 +36,18 @@ Variant parameterList(PWM& pwm, int16_t i, const std::string& name) {
 } // namespace
 
 void PWM::BuildMacroTable() {
-  lMacroCount = longOfKey(ini(*this, "MacroNames", "Count", "0"));
+  lMacroCount = longOfKey(ini("MacroNames", "Count", "0"));
   if (lMacroCount < 1)
     return;
   if (lMacroCount > kMaxMacroSlots)
-    raise(7);
+    raise(errOutOfMemory);
   aMacros.redim(0, lMacroCount - 1);
   countedLoop16(1, lMacroCount, [&](int16_t i) {
     const std::string k = numberedKey(i);
-    const std::string name = ini(*this, "MacroNames", k, "");
-    const std::string returns = ini(*this, "MacroReturns", k, "void");
-    const int16_t isPrivate = boolOfKey(ini(*this, "MacroIsPrivate", k, "0"));
-    const int16_t isFunction = returns != "void" ? -1 : 0;
+    const std::string name = ini("MacroNames", k, "");
+    const std::string returns = ini("MacroReturns", k, "void");
+    const int16_t isPrivate = boolOfKey(ini("MacroIsPrivate", k, "0"));
+    const int16_t isFunction = vbBool(returns != "void");
     if (name.empty())
       msgBox("Error: Macro " + std::to_string(i) + " is missing from the code file!");
 

@@ -1,7 +1,6 @@
 // The C code handed to the host: blocks of the code file, read at start-up
 // (initialisation, interrupts) or afresh at each call (definitions, macros).
-#include "../../platform/msgbox.h"
-#include "../core/guard.h"
+#include "../../platform/funnel.h"
 #include "../core/pwm.h"
 
 namespace zv {
@@ -27,16 +26,12 @@ Status PWM::get_MacroCode(int32_t lMacroID, std::string& result) {
       return;
     if (!aMacros[lMacroID])
       raise(errObjectNotSet);
-    std::string block = "Macro_" + secondField(aMacros[lMacroID]->MacroName);
-    result = GetCodeFromFile(block);
+    result = block("Macro_" + secondField(aMacros[lMacroID]->MacroName));
   });
 }
 
 Status PWM::get_DefinesCode(std::string& result) {
-  return guard([&] {
-    std::string block = "DefinesCode";
-    result = GetCodeFromFile(block);
-  });
+  return guard([&] { result = block("DefinesCode"); });
 }
 
 Status PWM::get_InitialisationCode(std::string& result) {

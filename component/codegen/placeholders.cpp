@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "../../platform/errors.h"
-#include "../core/guard.h"
+#include "../../platform/funnel.h"
 #include "../core/pwm.h"
 #include "../sim/prescaler.h"
 

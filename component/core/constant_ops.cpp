@@ -1,6 +1,6 @@
 // Operations of the host interface that this component answers with a
 // constant, stores without using, or ignores.
-#include "../core/guard.h"
+#include "../../platform/funnel.h"
 #include "../core/pwm.h"
 
 namespace zv {

@@ -1,7 +1,7 @@
 #include "zelvor/plugin.h"
 
+#include "../../platform/funnel.h"
 #include "../page/properties_page.h"
-#include "guard.h"
 #include "pwm.h"
 
 namespace {

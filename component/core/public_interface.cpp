@@ -9,16 +9,9 @@ namespace zv {
 
 namespace {
 
-constexpr int errNoSuchMember = 438;
-constexpr int errWrongArguments = 450;
-
 void expectArgs(const std::vector<Variant>& args, size_t n) {
   if (args.size() != n)
     raise(errWrongArguments);
-}
-
-int16_t vbBool(bool v) {
-  return v ? -1 : 0;
 }
 
 constexpr const char* kProperties[] = {"iVersionMajor", "iVersionMinor", "Pr2",    "Prescaler",

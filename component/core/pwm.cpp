@@ -1,27 +1,14 @@
 // The component object's start-up and the answers about the component as a whole.
 #include "../core/pwm.h"
 
-#include "../../platform/msgbox.h"
+#include "../../platform/funnel.h"
 #include "../../platform/textfile.h"
 #include "../../platform/vbnum.h"
 #include "../codefile/key_values.h"
-#include "../core/guard.h"
 
 namespace zv {
 
-namespace {
-
-std::string ini(PWM& pwm, std::string section, std::string key, std::string fallback) {
-  return pwm.GetIniKeyValue(section, key, fallback);
-}
-
-std::string block(PWM& pwm, std::string name) {
-  return pwm.GetCodeFromFile(name);
-}
-
-} // namespace
-
-PWM::PWM(LibraryFacts library) : App(std::move(library)) {
+PWM::PWM(LibraryFacts library, MessageBoxService* boxes) : App(std::move(library)), boxes_(boxes) {
   // Fixed-size per-channel arrays exist from the object's creation.
   aChannelOn.redim(0, 2);
   aDuty.redim(0, 2);
@@ -38,12 +25,12 @@ PWM::PWM(LibraryFacts library) : App(std::move(library)) {
   else
     msgBox("Can't find " + App.baseName + " help file");
 
-  bIsAnalogue = boolOfKey(ini(*this, "Settings", "IsAnalogue", "0"));
-  bMultipleAllowed = boolOfKey(ini(*this, "Settings", "MultipleAllowed", "0"));
+  bIsAnalogue = boolOfKey(ini("Settings", "IsAnalogue", "0"));
+  bMultipleAllowed = boolOfKey(ini("Settings", "MultipleAllowed", "0"));
   // Read before the blocks: a failed block read names the description.
-  sDescription = ini(*this, "Settings", "Description", "default");
-  sInitialisationCode = block(*this, "InitialisationCode");
-  sInterruptCode = block(*this, "InterruptCode");
+  sDescription = ini("Settings", "Description", "default");
+  sInitialisationCode = block("InitialisationCode");
+  sInterruptCode = block("InterruptCode");
   bHasExclusiveInts = 0;
   bSupportsKeys = 0;
 
@@ -56,6 +43,10 @@ PWM::PWM(LibraryFacts library) : App(std::move(library)) {
 }
 
 PWM::~PWM() = default;
+
+void PWM::msgBox(const std::string& text) {
+  showMessage(boxes_, text);
+}
 
 Status PWM::get_MultipleAllowed(int32_t& result) {
   return guard([&] { result = bMultipleAllowed; });

@@ -14,6 +14,7 @@
 #include "../../platform/controls/canvas.h"
 #include "../../platform/controls/widgets.h"
 #include "../../platform/library.h"
+#include "../../platform/msgbox.h"
 #include "../../platform/vbarray.h"
 #include "../codefile/zvmacro.h"
 #include "../pins/zvpin.h"
@@ -23,8 +24,9 @@ namespace zv {
 
 class PWM final : public ComponentObject, private Dispatch {
 public:
-  // Runs the start-up; a failure in it raises RuntimeError.
-  explicit PWM(LibraryFacts library);
+  // Runs the start-up; a failure in it raises RuntimeError. Its message boxes
+  // go to boxes, or to the default service when that is null.
+  explicit PWM(LibraryFacts library, MessageBoxService* boxes = nullptr);
   ~PWM() override;
 
   // ---- Fields, in their order ----
@@ -81,6 +83,9 @@ public:
   Label& lblInfo(int index) { return index == 0 ? lblInfo0 : lblInfo1; }
 
   // ---- core/pwm.cpp: start-up and the component as a whole ----
+  void setMessageBoxes(MessageBoxService* service) override { boxes_ = service; }
+  // Shows text in a box of the object's service, under the default title.
+  void msgBox(const std::string& text);
   Status get_MultipleAllowed(int32_t& result) override;
   Status get_IsAnalogue(int32_t& result) override;
   Status get_Description(std::string& result) override;
@@ -106,6 +111,9 @@ public:
   std::string GetIniKeyValue(std::string& lpApplicationName, std::string& lpKeyName,
                              std::string& lpDefault);
   std::string GetCodeFromFile(std::string& lpCodeName);
+  // The two readers for the component's own reads, on copies of the in/out arguments.
+  std::string ini(std::string section, std::string key, std::string fallback);
+  std::string block(std::string name);
   // ---- codefile/macro_table.cpp ----
   void BuildMacroTable();
   Status get_MacroNames(Variant& result) override;
@@ -196,7 +204,7 @@ public:
 
   // ---- persist/properties.cpp: container calls and public properties ----
   Status InitProperties() override;
-  Status ReadProperties(PropertyBag& bag) override;
+  Status ReadProperties(const PropertyBag& bag) override;
   Status WriteProperties(PropertyBag& bag) override;
   int16_t Pr2() const;
   void setPr2(int16_t NewPr2);
@@ -224,6 +232,7 @@ public:
   Inspected inspect() const override;
 
 private:
+  MessageBoxService* boxes_;
   // Plot_Channel's operations before they go onto the canvas, kept for the
   // capacity: a simulation repaints both channels at every step.
   std::vector<DrawOp> plotOps_;

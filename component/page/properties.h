@@ -42,6 +42,7 @@ public:
   void Calc_Period_Freq();
 
   // ---- PageObject ----
+  void setMessageBoxes(MessageBoxService* service) override { boxes_ = service; }
   PropertyPageSite& site() override { return site_; }
   Status PropertyPage_SelectionChanged() override;
   Status PropertyPage_ApplyChanges() override;
@@ -91,6 +92,10 @@ private:
 
   float Calc_Page_Period(int16_t pr2, float cycleTime, int16_t prescale) const;
 
+  // Shows text in a box of the page's service, under the default title.
+  void msgBox(const std::string& text);
+
+  MessageBoxService* boxes_ = nullptr;
   PropertyPageSite site_;
   std::vector<Control*> order_;
 };

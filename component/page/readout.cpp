@@ -1,6 +1,7 @@
 // The page's own period and frequency read-out, worked out from its fields
 // alone: the component's values play no part until apply.
 #include "../../platform/vbnum.h"
+#include "../sim/prescaler.h"
 #include "properties.h"
 
 namespace zv {
@@ -29,13 +30,17 @@ void Properties::Calc_Period_Freq() {
   const double cycleTime = lPageClockSpeed != 0 ? 1000000.0 / lPageClockSpeed : kDefaultCycleTime;
   int32_t shownClock = lPageClockSpeed;
 
-  if (iPagePrescaler > 0) {
+  switch (clockSourceOf(iPagePrescaler)) {
+  case ClockSource::Divided:
     fPagePeriod = Calc_Page_Period(iPagePr2, static_cast<float>(cycleTime), iPagePrescaler);
-  } else if (iPagePrescaler == -1) {
+    break;
+  case ClockSource::None:
     fPagePeriod = 0;
-  } else {
+    break;
+  case ClockSource::External:
     fPagePeriod = Calc_Page_Period(iPagePr2, 1.0f, 1);
     shownClock = kExternalClock;
+    break;
   }
 
   fPageFrequency = fPagePeriod > 0 ? (1.0f / fPagePeriod) * 1000.0f : 0.0f;

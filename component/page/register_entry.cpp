@@ -6,7 +6,6 @@
 #include <string>
 
 #include "../../platform/errors.h"
-#include "../../platform/msgbox.h"
 #include "../../platform/vbnum.h"
 #include "properties.h"
 
@@ -32,6 +31,10 @@ bool isBad(const std::string& text) {
 }
 
 } // namespace
+
+void Properties::msgBox(const std::string& text) {
+  showMessage(boxes_, text);
+}
 
 void Properties::txt_Pr2_Change() {
   if (isBad(txt_Pr2.Text())) {

@@ -3,8 +3,8 @@
 // selected, the first alone is read and written.
 #include <string>
 
+#include "../../platform/funnel.h"
 #include "../../platform/vbnum.h"
-#include "../core/guard.h"
 #include "../sim/prescaler.h"
 #include "properties.h"
 

@@ -1,8 +1,8 @@
 // The settings saved with the flowchart, and the public properties through
 // which the save, the load and the property page reach them.
+#include "../../platform/funnel.h"
 #include "../../platform/vbnum.h"
 #include "../core/counted_loop.h"
-#include "../core/guard.h"
 #include "../core/pwm.h"
 #include "../pins/pin_slot.h"
 
@@ -12,10 +12,6 @@ namespace {
 
 // The clock that goes with the fallback clock period; a load drops it anyway.
 constexpr int32_t kDefaultClockSpeed = 19660800;
-
-int16_t vbBool(bool v) {
-  return v ? -1 : 0;
-}
 
 } // namespace
 
@@ -27,7 +23,7 @@ Status PWM::InitProperties() {
   });
 }
 
-Status PWM::ReadProperties(PropertyBag& bag) {
+Status PWM::ReadProperties(const PropertyBag& bag) {
   return guard([&] {
     countedLoop16(0, aPins.ubound(), [&](int16_t i) {
       const std::string n = std::to_string(i);

@@ -1,8 +1,8 @@
 // What the target offers: three numbers from the host's device file, and the
 // clock the host tells. None of them is saved; the host delivers them anew.
+#include "../../platform/funnel.h"
 #include "../../platform/profile.h"
 #include "../../platform/vbnum.h"
-#include "../core/guard.h"
 #include "../core/pwm.h"
 
 namespace zv {

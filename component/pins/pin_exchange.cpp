@@ -1,8 +1,8 @@
 // The host's exchange of simulated pin levels, and the message nodes this
 // component doesn't have.
+#include "../../platform/funnel.h"
 #include "../../platform/vbnum.h"
 #include "../core/counted_loop.h"
-#include "../core/guard.h"
 #include "../core/pwm.h"
 #include "pin_slot.h"
 
@@ -36,7 +36,7 @@ Status PWM::SimWritePins(const Variant& newVal) {
     countedLoop16(0, static_cast<int64_t>(lPinCount) - 1, [&](int16_t i) {
       if (!newVal.isArray())
         raise(errTypeMismatch);
-      const int16_t level = toBool(newVal.arr().at(i)) ? -1 : 0;
+      const int16_t level = vbBool(toBool(newVal.arr().at(i)));
       pinRecord(aPins, i).SimValue = level;
     });
     doRefresh();

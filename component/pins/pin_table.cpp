@@ -1,8 +1,8 @@
 // The pin table: the pins the component asks the host for, and the ports and
 // bits the host assigns them. Ids are slot indexes of aPins.
+#include "../../platform/funnel.h"
 #include "../codefile/key_values.h"
 #include "../core/counted_loop.h"
-#include "../core/guard.h"
 #include "../core/pwm.h"
 #include "pin_slot.h"
 
@@ -35,14 +35,13 @@ Status pinAssign(VbArray<std::unique_ptr<ZVPin>>& pins, int32_t id, int32_t ZVPi
 } // namespace
 
 void PWM::buildPinTable() {
-  std::string section = "Pins", key = "Count", fallback = "0";
-  lPinCount = longOfKey(GetIniKeyValue(section, key, fallback));
+  lPinCount = longOfKey(ini("Pins", "Count", "0"));
   // A positive count leaves its slots empty (per-pin operations on them fail with 91);
   // a negative one has no slots to allocate and fails like an array ending before its start.
   if (lPinCount < 0)
     raise(errSubscript);
   if (lPinCount >= kMaxPinSlots)
-    raise(7);
+    raise(errOutOfMemory);
   aPins.redim(0, lPinCount);
   if (lPinCount == 0) {
     int32_t slot = 0, port = 0, samePortAs = -1, bit = 0, direction = 2;

@@ -1,6 +1,6 @@
 #include <array>
 
-#include "../core/guard.h"
+#include "../../platform/funnel.h"
 #include "../core/pwm.h"
 
 namespace zv {

@@ -25,6 +25,18 @@ inline constexpr std::array<PrescalerEntry, 8> kPrescalers{{
     {7, -3, "External - rising edge"},
 }};
 
+// What a Prescaler value makes the counter count: a clock divided by the
+// value, nothing, or pulses on the external pin. The timing model and the
+// page's read-out both branch on it, each with its own constants; a value the
+// table doesn't hold counts as its sign says.
+enum class ClockSource { Divided, None, External };
+
+constexpr ClockSource clockSourceOf(int16_t value) {
+  if (value > 0)
+    return ClockSource::Divided;
+  return value == -1 ? ClockSource::None : ClockSource::External;
+}
+
 // The code of a Prescaler value; nullopt for a value the table doesn't hold.
 inline std::optional<int16_t> prescalerCode(int16_t value) {
   for (const auto& e : kPrescalers)

@@ -1,7 +1,6 @@
 #include "../../platform/errors.h"
-#include "../../platform/msgbox.h"
+#include "../../platform/funnel.h"
 #include "../../platform/vbnum.h"
-#include "../core/guard.h"
 #include "../core/pwm.h"
 #include "prescaler.h"
 

@@ -1,6 +1,7 @@
 #include "../../platform/errors.h"
 #include "../../platform/vbnum.h"
 #include "../core/pwm.h"
+#include "prescaler.h"
 
 namespace zv {
 
@@ -11,14 +12,19 @@ void PWM::Calc_Period_Freq() {
   if (fTickPeriod == 0.0f)
     fTickPeriod = static_cast<float>(kDefaultTickPeriod);
 
-  if (iPrescaler > 0) {
+  switch (clockSourceOf(iPrescaler)) {
+  case ClockSource::Divided:
     fPeriod = toR4(Calc_Pwm_Period(iPr2, fTickPeriod, iPrescaler));
-  } else if (iPrescaler == -1) {
+    break;
+  case ClockSource::None:
     fPeriod = 0.0f;
-  } else {
-    // An external clock: each pulse counts as one second, without a prescaler.
+    break;
+  case ClockSource::External: {
+    // Each pulse counts as one second, without a prescaler.
     float oneSecond = 1.0f;
     fPeriod = toR4(Calc_Pwm_Period(iPr2, oneSecond, 1));
+    break;
+  }
   }
 }
 

@@ -50,7 +50,6 @@ MainWindow::MainWindow(const Plugin& plugin, const std::string& devicesFolder, Q
                       ? zvhost::helpFolder(QCoreApplication::applicationDirPath().toStdString())
                       : helpFolder),
       backend_(plugin) {
-  zv::setMessageBoxService(&boxes_);
   zvqt::setErrorReporter([this](int number, const std::string& description) {
     statusBar()->showMessage(tr("The change was refused: %1 (run-time error %2).")
                                  .arg(QString::fromStdString(description))
@@ -122,7 +121,6 @@ MainWindow::~MainWindow() {
   runner_.reset();
   own_.reset();
   zvqt::setErrorReporter(nullptr);
-  zv::setMessageBoxService(nullptr);
 }
 
 zv::ComponentObject* MainWindow::shown() {
@@ -252,7 +250,7 @@ bool MainWindow::newComponent(const Project* project, std::string& error) {
   targets_.erase(own_.get());
   own_.reset();
   zv::Status status;
-  own_ = plugin_.createComponent("", "", status);
+  own_ = plugin_.createComponent("", "", status, &boxes_);
   if (!own_) {
     error = "the component could not be created: run-time error " + std::to_string(status.number) +
             ": " + status.description;
@@ -330,7 +328,7 @@ void MainWindow::showProperties(const PeriodSetting* setting) {
   if (!c)
     return;
   zv::Status status;
-  Plugin::PagePtr page = plugin_.createPage(status);
+  Plugin::PagePtr page = plugin_.createPage(status, &boxes_);
   if (!page) {
     say({}, tr("The property page could not be made"), status);
     return;

@@ -34,9 +34,8 @@ bool MainWindow::openScript(const std::string& path) {
     return false;
   }
   scriptPath_ = path;
-  runner_ = std::make_unique<Runner>(backend_);
   // The runner answers the boxes of its own commands; the user answers the rest.
-  zv::setMessageBoxService(&boxes_);
+  runner_ = std::make_unique<Runner>(backend_, &boxes_);
   tabs_->setCurrentWidget(script_);
   statusBar()->showMessage(tr("Script %1 opened: Step carries out its next command.")
                                .arg(QFileInfo(QString::fromStdString(path)).fileName()));
@@ -63,7 +62,6 @@ void MainWindow::dropScript() {
   for (auto it = targets_.begin(); it != targets_.end();)
     it = it->first == own_.get() ? std::next(it) : targets_.erase(it);
   runner_.reset();
-  zv::setMessageBoxService(&boxes_);
   showComponent();
 }
 

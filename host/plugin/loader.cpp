@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 
 #include <filesystem>
+#include <optional>
 #include <utility>
 
 namespace zvhost {
@@ -65,15 +66,27 @@ Plugin Plugin::open(const std::string& path, std::string& error) {
 }
 
 Plugin::ComponentPtr Plugin::createComponent(const std::string& folder, const std::string& baseName,
-                                             zv::Status& status) const {
-  zv::ComponentObject* made =
-      createComponent_(folder.empty() ? nullptr : folder.c_str(),
-                       baseName.empty() ? nullptr : baseName.c_str(), &status);
+                                             zv::Status& status,
+                                             zv::MessageBoxService* boxes) const {
+  zv::ComponentObject* made = nullptr;
+  {
+    // The start-up runs before there is an object to hand the service to.
+    std::optional<zv::ScopedDefaultMessageBoxes> startUp;
+    if (boxes)
+      startUp.emplace(*boxes);
+    made = createComponent_(folder.empty() ? nullptr : folder.c_str(),
+                            baseName.empty() ? nullptr : baseName.c_str(), &status);
+  }
+  if (made)
+    made->setMessageBoxes(boxes);
   return ComponentPtr(made, ComponentDeleter{destroyComponent_});
 }
 
-Plugin::PagePtr Plugin::createPage(zv::Status& status) const {
-  return PagePtr(createPage_(&status), PageDeleter{destroyPage_});
+Plugin::PagePtr Plugin::createPage(zv::Status& status, zv::MessageBoxService* boxes) const {
+  PagePtr page(createPage_(&status), PageDeleter{destroyPage_});
+  if (page)
+    page->setMessageBoxes(boxes);
+  return page;
 }
 
 std::string defaultPluginPath() {

@@ -35,10 +35,11 @@ public:
   bool loaded() const { return handle_ != nullptr; }
 
   // folder and baseName may be empty (the library's own). Null on failure,
-  // with status filled.
+  // with status filled. The object shows its message boxes, those of its
+  // start-up among them, through boxes (null: the platform's default).
   ComponentPtr createComponent(const std::string& folder, const std::string& baseName,
-                               zv::Status& status) const;
-  PagePtr createPage(zv::Status& status) const;
+                               zv::Status& status, zv::MessageBoxService* boxes = nullptr) const;
+  PagePtr createPage(zv::Status& status, zv::MessageBoxService* boxes = nullptr) const;
 
 private:
   void close();

@@ -1,9 +1,9 @@
 #include "plugin_backend.h"
 
 #include "com/diagnostic_trees.h"
-#include "component/core/guard.h"
 #include "diagnostic_views.h"
 #include "host/pictures/render.h"
+#include "platform/funnel.h"
 
 namespace zvhost {
 
@@ -112,15 +112,17 @@ PluginComponent::canvas(int index, const std::optional<std::pair<float, float>>&
 
 std::unique_ptr<ComponentHandle> PluginBackend::createComponent(const std::string& folder,
                                                                 const std::string& baseName,
-                                                                zv::Status& status) {
-  Plugin::ComponentPtr made = plugin_.createComponent(folder, baseName, status);
+                                                                zv::Status& status,
+                                                                zv::MessageBoxService* boxes) {
+  Plugin::ComponentPtr made = plugin_.createComponent(folder, baseName, status, boxes);
   if (!made)
     return nullptr;
   return std::make_unique<PluginComponent>(std::move(made));
 }
 
-std::unique_ptr<PageHandle> PluginBackend::createPage(zv::Status& status) {
-  Plugin::PagePtr made = plugin_.createPage(status);
+std::unique_ptr<PageHandle> PluginBackend::createPage(zv::Status& status,
+                                                      zv::MessageBoxService* boxes) {
+  Plugin::PagePtr made = plugin_.createPage(status, boxes);
   if (!made)
     return nullptr;
   return std::make_unique<PluginPage>(std::move(made));

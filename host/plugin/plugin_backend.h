@@ -38,9 +38,9 @@ public:
   // plugin must outlive the backend and what it makes.
   explicit PluginBackend(const Plugin& plugin) : plugin_(plugin) {}
   std::unique_ptr<ComponentHandle> createComponent(const std::string& folder,
-                                                   const std::string& baseName,
-                                                   zv::Status& status) override;
-  std::unique_ptr<PageHandle> createPage(zv::Status& status) override;
+                                                   const std::string& baseName, zv::Status& status,
+                                                   zv::MessageBoxService* boxes) override;
+  std::unique_ptr<PageHandle> createPage(zv::Status& status, zv::MessageBoxService* boxes) override;
   bool render(ComponentHandle& component, const std::string& path, double scale,
               std::string& error) override;
 

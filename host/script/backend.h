@@ -5,8 +5,8 @@
 // A handle's host-interface and public-interface calls answer the call's
 // status; their in/out arguments hold what the component wrote, also after a
 // failure. Inspection and page edits raise zv::RuntimeError when the
-// component fails inside them. Message boxes shown during any call go to the
-// platform's current service (zv::messageBoxService()) of the host process.
+// component fails inside them. Each object shows its message boxes through
+// the service it was made with.
 #pragma once
 
 #include <memory>
@@ -18,6 +18,7 @@
 #include "ops.h"
 #include "platform/controls/canvas.h"
 #include "platform/field_tree.h"
+#include "platform/msgbox.h"
 #include "platform/propbag.h"
 #include "zelvor/objects.h"
 #include "zelvor/status.h"
@@ -118,10 +119,14 @@ class Backend {
 public:
   virtual ~Backend() = default;
   // folder and baseName may be empty (the library's own). Null on failure,
-  // with status filled.
-  virtual std::unique_ptr<ComponentHandle>
-  createComponent(const std::string& folder, const std::string& baseName, zv::Status& status) = 0;
-  virtual std::unique_ptr<PageHandle> createPage(zv::Status& status) = 0;
+  // with status filled. The object shows its message boxes, its start-up's
+  // among them, through boxes (not owned; null: the platform's default).
+  virtual std::unique_ptr<ComponentHandle> createComponent(const std::string& folder,
+                                                           const std::string& baseName,
+                                                           zv::Status& status,
+                                                           zv::MessageBoxService* boxes) = 0;
+  virtual std::unique_ptr<PageHandle> createPage(zv::Status& status,
+                                                 zv::MessageBoxService* boxes) = 0;
   // The panel as a picture (SVG or PNG by the extension), scale times its
   // size; false with error filled when it can't be made.
   virtual bool render(ComponentHandle& component, const std::string& path, double scale,

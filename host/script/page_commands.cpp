@@ -11,10 +11,6 @@ namespace zvhost {
 
 namespace {
 
-int16_t sign(bool b) {
-  return b ? -1 : 0;
-}
-
 void requireKind(PageHandle& page, const std::string& name, ControlKind kind, const char* what) {
   const ControlKind found = page.kind(name);
   if (found == ControlKind::None)
@@ -51,7 +47,7 @@ Json controlJson(const ControlView& c) {
       items.push_back(textJson(item));
     j["items"] = std::move(items);
   }
-  j["enabled"] = sign(c.enabled);
+  j["enabled"] = zv::vbBool(c.enabled);
   return j;
 }
 
@@ -71,7 +67,7 @@ Json Runner::pageState() {
   for (const ControlView& c : view.controls)
     controls[c.name] = controlJson(c);
   j["controls"] = std::move(controls);
-  j["changed"] = sign(view.changed);
+  j["changed"] = zv::vbBool(view.changed);
   j["focus"] = view.focus ? Json(*view.focus) : Json(nullptr);
   return j;
 }
@@ -86,7 +82,7 @@ Runner::Reply Runner::pageCommand(LineScanner& scan) {
   if (verb == "new") {
     noMore();
     page_.reset();
-    page_ = backend_.createPage(r.status);
+    page_ = backend_.createPage(r.status, &boxes_);
     if (!page_ && r.status.ok())
       r.status = {zv::errInvalidCall, zv::errorDescription(zv::errInvalidCall)};
     return r;

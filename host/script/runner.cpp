@@ -5,7 +5,7 @@
 
 #include "file_io.h"
 #include "json_in.h"
-#include "platform/errors.h"
+#include "platform/funnel.h"
 #include "platform/vbnum.h"
 
 namespace zvhost {
@@ -74,8 +74,11 @@ std::string readBagFile(const std::string& path) {
 
 } // namespace
 
-void RecordingMessageBoxes::show(const std::string& text, const std::string&) {
-  texts.push_back(text);
+void RecordingMessageBoxes::show(const std::string& text, const std::string& title) {
+  if (outside && !inCommand)
+    outside->show(text, title);
+  else
+    texts.push_back(text);
 }
 
 int wordNumber(const std::string& word) {
@@ -86,14 +89,13 @@ int wordNumber(const std::string& word) {
   return n;
 }
 
-Runner::Runner(Backend& backend) : backend_(backend) {
-  zv::setMessageBoxService(&boxes_);
+Runner::Runner(Backend& backend, zv::MessageBoxService* outside) : backend_(backend) {
+  boxes_.outside = outside;
 }
 
 Runner::~Runner() {
   page_.reset();
   components_.clear();
-  zv::setMessageBoxService(nullptr);
 }
 
 int Runner::run(std::istream& in, std::ostream& out) {
@@ -116,12 +118,11 @@ std::optional<Json> Runner::execute(int lineNumber, const std::string& line) {
   answer["cmd"] = cmd;
   boxes_.texts.clear();
   // The boxes of this command are answered here, whoever answers the others.
-  zv::MessageBoxService& previous = zv::messageBoxService();
-  zv::setMessageBoxService(&boxes_);
-  struct Restore {
-    zv::MessageBoxService* service;
-    ~Restore() { zv::setMessageBoxService(service); }
-  } restore{&previous};
+  boxes_.inCommand = true;
+  struct EndCommand {
+    bool& inCommand;
+    ~EndCommand() { inCommand = false; }
+  } endCommand{boxes_.inCommand};
   where_ = "line " + std::to_string(lineNumber);
   struct Observe {
     Runner& runner;
@@ -135,19 +136,16 @@ std::optional<Json> Runner::execute(int lineNumber, const std::string& line) {
     LineScanner scan(cmd);
     const std::string command = scan.word();
     reply = dispatch(command, scan);
-  } catch (const zv::RuntimeError& e) {
-    // A model call outside the host interface (a page's control, an
-    // inspection) fails the same way a host operation does.
-    reply = {};
-    reply.status = {e.number(), e.description()};
   } catch (const ScriptError& e) {
     scriptErrors_ = true;
     answer["ok"] = false;
     answer["script_error"] = e.what();
     return answer;
-  } catch (const std::exception& e) {
+  } catch (...) {
+    // A model call outside the host interface (a page's control, an
+    // inspection) fails the same way a host operation does.
     reply = {};
-    reply.status = {51, e.what()};
+    reply.status = zv::statusOfCurrentException();
   }
   answer["ok"] = reply.status.ok();
   if (reply.result)
@@ -234,7 +232,8 @@ Runner::Reply Runner::create(LineScanner& scan) {
   if (!scan.atEnd())
     throw ScriptError("unexpected argument: " + scan.rest());
   Reply r;
-  std::unique_ptr<ComponentHandle> made = backend_.createComponent(folder, baseName, r.status);
+  std::unique_ptr<ComponentHandle> made =
+      backend_.createComponent(folder, baseName, r.status, &boxes_);
   if (!made) {
     if (r.status.ok())
       r.status = {zv::errInvalidCall, zv::errorDescription(zv::errInvalidCall)};

@@ -22,16 +22,21 @@
 
 namespace zvhost {
 
+// The service of the runner's objects: it lists the boxes shown while a
+// command runs, and passes the others on to outside when there is one.
 class RecordingMessageBoxes : public zv::MessageBoxService {
 public:
   void show(const std::string& text, const std::string& title) override;
   std::vector<std::string> texts;
+  bool inCommand = false;
+  zv::MessageBoxService* outside = nullptr;
 };
 
 class Runner {
 public:
-  // Installs its message box service for its lifetime; backend must outlive it.
-  explicit Runner(Backend& backend);
+  // backend must outlive the runner. outside answers the boxes that its
+  // objects show between commands, when someone else drives them.
+  explicit Runner(Backend& backend, zv::MessageBoxService* outside = nullptr);
   ~Runner();
   Runner(const Runner&) = delete;
   Runner& operator=(const Runner&) = delete;

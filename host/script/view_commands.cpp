@@ -3,15 +3,13 @@
 #include <fstream>
 
 #include "late_bound.h"
+#include "platform/vbnum.h"
 #include "runner.h"
 
 namespace zvhost {
 
 namespace {
 
-int16_t sign(bool b) {
-  return b ? -1 : 0;
-}
 float floatWord(const std::string& word) {
   const zv::Variant v = parseLiteral(word);
   if (v.isArray() || (v.type() != zv::VarType::I2 && v.type() != zv::VarType::I4 &&
@@ -46,7 +44,7 @@ Runner::Reply Runner::panel() {
   Json controls = Json::object();
   for (const PanelView::Item& item : view.controls) {
     Json one;
-    one["visible"] = sign(item.visible);
+    one["visible"] = zv::vbBool(item.visible);
     if (item.caption)
       one["caption"] = textJson(*item.caption);
     controls[item.name] = std::move(one);

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 
 #include <nlohmann/json.hpp>
 
@@ -114,16 +115,35 @@ Measurement measure(const Device& d, int bitA, int bitB, const std::string& elf,
 }
 
 Scenario::Scenario(const Device& device) : device(device) {
-  zv::setMessageBoxService(&boxes);
-  pwm = std::make_unique<zv::PWM>(zv::LibraryFacts{buildDir + "/lib", "AVR_PWM", 4, 0, 0});
+  static const zvhost::Plugin plugin = [] {
+    std::string error;
+    zvhost::Plugin p = zvhost::Plugin::open(buildDir + "/lib/AVR_PWM.so", error);
+    if (!p.loaded())
+      ADD_FAILURE() << error;
+    return p;
+  }();
+  zv::Status status;
+  pwm = plugin.createComponent("", "", status, &boxes);
+  if (!pwm) // GoogleTest reports the test as failed with this text
+    throw std::runtime_error("the component could not be created: " + status.description);
   EXPECT_TRUE(pwm->put_ZelvorVersion(1024).ok());
   EXPECT_TRUE(pwm->put_ZvdFilename(device.file).ok());
   EXPECT_TRUE(pwm->put_ClockSpeed(clock).ok());
 }
 
-Scenario::~Scenario() {
-  pwm.reset();
-  zv::setMessageBoxService(nullptr);
+Scenario::~Scenario() = default;
+
+void Scenario::set(const std::string& property, const zv::Variant& value) {
+  pwm->publicInterface().putProperty(property, value);
+}
+
+zv::Variant Scenario::field(const std::string& name, int index) const {
+  const zv::Inspected all = pwm->inspect();
+  for (const auto& [member, value] : all.members)
+    if (member == name)
+      return index < 0 ? value.value : value.items.at(static_cast<size_t>(index)).value;
+  ADD_FAILURE() << "no field " << name;
+  return {};
 }
 
 testing::AssertionResult Scenario::run(const std::vector<zvhost::MacroCall>& list, bool start) {
@@ -146,20 +166,23 @@ testing::AssertionResult Scenario::run(const std::vector<zvhost::MacroCall>& lis
 }
 
 Expected Scenario::expected(int channel, uint32_t t1Clock) const {
-  const zv::PWM& p = *pwm;
-  const bool external = p.iPrescaler == -2 || p.iPrescaler == -3;
+  const int prescaler = zv::toI4(field("iPrescaler"));
+  const int32_t clockSpeed = zv::toI4(field("lClockSpeed"));
+  const double fPeriod = zv::toR8(field("fPeriod"));
+  const bool external = prescaler == -2 || prescaler == -3;
   // Clock cycles of the target in one unit of the model's period.
-  const double cyclesPerUnit = external ? double(p.lClockSpeed) / t1Clock : p.lClockSpeed / 1e6;
+  const double cyclesPerUnit = external ? double(clockSpeed) / t1Clock : clockSpeed / 1e6;
   Expected e;
-  e.count = external ? p.lClockSpeed / t1Clock : std::max<int>(p.iPrescaler, 1);
-  const int duty = p.aDuty[channel - 1], counts = p.iPr2 + 1;
-  if (!p.aChannelOn[channel - 1] || duty == 0)
+  e.count = external ? clockSpeed / t1Clock : std::max<int>(prescaler, 1);
+  const int duty = zv::toI4(field("aDuty", channel - 1));
+  const int counts = zv::toI4(field("iPr2")) + 1;
+  if (!zv::toBool(field("aChannelOn", channel - 1)) || duty == 0)
     return e;
   if (duty >= counts) {
     e.level = 1;
     return e;
   }
-  const double units = external ? p.fPeriod / 1e6 : p.fPeriod; // seconds or microseconds
+  const double units = external ? fPeriod / 1e6 : fPeriod; // seconds or microseconds
   const long long period = std::llround(units * cyclesPerUnit);
   if (period <= 0) // no clock: the timer stands
     return e;

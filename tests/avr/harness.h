@@ -1,5 +1,5 @@
-// The on-chip tests' harness: a component built from the real code file in
-// the build's lib folder, driven by simulated macro calls recorded for the
+// The on-chip tests' harness: a component made by the plug-in in the build's
+// lib folder, beside the real code file, driven by simulated macro calls recorded for the
 // program; the program built with avr-gcc and its pins timed with
 // pwm-measure on simavr; and what the component's model says each pin must do.
 #pragma once
@@ -12,9 +12,10 @@
 
 #include <gtest/gtest.h>
 
-#include "component/core/pwm.h"
+#include "host/plugin/loader.h"
 #include "host/program/program.h"
 #include "platform/msgbox.h"
+#include "platform/vbnum.h"
 
 namespace zvavr {
 
@@ -96,10 +97,15 @@ struct Scenario {
   // clock pulse as one second; t1Clock gives the pulse rate on the chip.
   Expected expected(int channel, uint32_t t1Clock = 0) const;
 
+  // A public property of the component, and one of its fields (an element
+  // of an array field when index is given), as its public interface has them.
+  void set(const std::string& property, const zv::Variant& value);
+  zv::Variant field(const std::string& name, int index = -1) const;
+
   Device device;
   int32_t clock = 16000000;
   zv::HeadlessMessageBoxes boxes;
-  std::unique_ptr<zv::PWM> pwm;
+  zvhost::Plugin::ComponentPtr pwm;
   std::vector<zvhost::MacroCall> calls;
 };
 

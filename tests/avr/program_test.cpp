@@ -118,14 +118,14 @@ TEST(Program, PeriodRegisterOutsideAByteBuildsOrStopsWithAReason) {
   const Device device = byName("ATmega328P");
   {
     Scenario s(device);
-    s.pwm->setPr2(300);
-    s.pwm->setPrescaler(1);
+    s.set("Pr2", zv::Variant::i2(300));
+    s.set("Prescaler", zv::Variant::i2(1));
     ASSERT_TRUE(s.run({{Enable, {1}}, {SetDuty, {1, 100}}}));
     EXPECT_EQ(s.expected(1).period, 602u);
     expectOnChip(s, {.channel2 = false});
   }
   Scenario s(device);
-  s.pwm->setPr2(-5);
+  s.set("Pr2", zv::Variant::i2(-5));
   std::string program, error, log;
   ASSERT_TRUE(zvhost::generateProgram(*s.pwm, zvhost::Simulation{}, program, error)) << error;
   EXPECT_FALSE(compile(device, workDir("Program.PeriodRegisterBelowZero"), "pwm", program, log));
@@ -142,9 +142,9 @@ TEST(Program, BuildsWithoutCallsForEveryDeviceAndSetting) {
     for (int16_t alt : {0, -1}) {
       SCOPED_TRACE(device.name + (alt ? " alternative pin" : ""));
       Scenario s(device);
-      s.pwm->setUseAltPin(alt);
-      s.pwm->setPr2(255);
-      s.pwm->setPrescaler(-3);
+      s.set("UseAltPin", zv::Variant::boolean(alt != 0));
+      s.set("Pr2", zv::Variant::i2(255));
+      s.set("Prescaler", zv::Variant::i2(-3));
       std::string program, error, log;
       ASSERT_TRUE(zvhost::generateProgram(*s.pwm, zvhost::Simulation{}, program, error)) << error;
       const std::string dir = workDir("Program.BuildsWithoutCalls_" + device.name);

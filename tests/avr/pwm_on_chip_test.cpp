@@ -54,8 +54,8 @@ class OnChip : public testing::TestWithParam<Device> {};
 
 TEST_P(OnChip, SettingsFromThePageStartTheTimer) {
   Scenario s(GetParam());
-  s.pwm->setPr2(99);
-  s.pwm->setPrescaler(8);
+  s.set("Pr2", zv::Variant::i2(99));
+  s.set("Prescaler", zv::Variant::i2(8));
   ASSERT_TRUE(s.run({{Enable, {1}}, {Enable, {2}}, {SetDuty, {1, 30}}, {SetDuty, {2, 70}}}));
   EXPECT_EQ(s.expected(1).period, 1600u);
   expectOnChip(s);
@@ -81,7 +81,7 @@ TEST_P(OnChipAlternative, PinCarriesChannelTwo) {
   if (!device.simavrAlt)
     GTEST_SKIP() << "simavr does not drive OC1C on " << device.core;
   Scenario s(device);
-  s.pwm->setUseAltPin(-1);
+  s.set("UseAltPin", zv::Variant::boolean(true));
   ASSERT_TRUE(s.run({{ChangePeriod, {99, 1}},
                      {Enable, {1}},
                      {SetDuty, {1, 30}},
@@ -120,7 +120,7 @@ TEST(OnChipMacros, TenBitDutyIsReducedAsInTheSimulation) {
     Scenario s(byName("ATmega328P"));
     ASSERT_TRUE(
         s.run({{ChangePeriod, {255, 1}}, {Enable, {1}}, {SetDutyHighLow, {1, c.high, c.low}}}));
-    EXPECT_EQ(s.pwm->aDuty[0], c.duty);
+    EXPECT_EQ(zv::toI4(s.field("aDuty", 0)), c.duty);
     expectOnChip(s, {.suffix = run, .channel2 = false});
   }
 }

@@ -9,7 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "component/core/pwm.h"
+#include "core/pwm.h"
 #include "platform/msgbox.h"
 #include "tests/common/temp_folder.h"
 
@@ -17,15 +17,11 @@ namespace zvtest {
 
 class ComponentTest : public ::testing::Test {
 protected:
-  void SetUp() override {
-    zv::setMessageBoxService(&boxes);
-    folder.write("help/Fixture.chm", "");
-  }
-  void TearDown() override { zv::setMessageBoxService(nullptr); }
+  void SetUp() override { folder.write("help/Fixture.chm", ""); }
 
   void writeCode(const std::vector<std::string>& lines) { folder.write("Fixture.c", crlf(lines)); }
   std::unique_ptr<zv::PWM> create() {
-    return std::make_unique<zv::PWM>(zv::LibraryFacts{folder.path(), "Fixture", 4, 0, 0});
+    return std::make_unique<zv::PWM>(zv::LibraryFacts{folder.path(), "Fixture", 4, 0, 0}, &boxes);
   }
   // Creates the component with the given code file; the boxes of the start-up are dropped.
   std::unique_ptr<zv::PWM> createWith(const std::vector<std::string>& lines) {

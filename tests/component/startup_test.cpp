@@ -18,6 +18,15 @@ TEST_F(ComponentTest, WithoutCodeFileStartupShowsEightBoxesAndKeepsDefaults) {
   EXPECT_EQ(pwm->sCodeFilename, "Fixture.c");
 }
 
+TEST_F(ComponentTest, BoxesGoToTheServiceTheObjectHoldsNow) {
+  auto pwm = createWith({});
+  zv::HeadlessMessageBoxes later;
+  pwm->setMessageBoxes(&later);
+  ASSERT_TRUE(pwm->put_WriteCustomImages(3, "x").ok());
+  EXPECT_TRUE(boxes.texts.empty());
+  EXPECT_EQ(later.texts.size(), 1u);
+}
+
 TEST_F(ComponentTest, SettingsAreReadAsBooleansAndText) {
   auto pwm =
       createWith({"[Settings]", "IsAnalogue=TRUE", "MultipleAllowed=2", "Description=PWM fixture"});
@@ -44,7 +53,7 @@ TEST_F(ComponentTest, HelpFileIsLookedForAsHlpThenChm) {
     for (const auto& f : c.files)
       here.write(f, "");
     boxes.texts.clear();
-    zv::PWM pwm(zv::LibraryFacts{here.path(), "Fixture", 4, 0, 0});
+    zv::PWM pwm(zv::LibraryFacts{here.path(), "Fixture", 4, 0, 0}, &boxes);
     if (c.chosen.empty()) {
       EXPECT_EQ(pwm.appHelpFile, "");
       EXPECT_THAT(boxes.texts, ElementsAre("Can't find Fixture help file"));

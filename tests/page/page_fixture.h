@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "component/page/properties.h"
+#include "page/properties.h"
 #include "platform/errors.h"
 #include "platform/msgbox.h"
 
@@ -26,14 +26,14 @@ public:
     reads.push_back(name);
     auto it = props.find(name);
     if (it == props.end())
-      raise(errInvalidCall);
+      raise(errNoSuchMember);
     return it->second;
   }
   void putProperty(const std::string& name, const Variant& value) override {
     writes.emplace_back(name, value);
     props[name] = value;
   }
-  Variant callMethod(const std::string&, std::vector<Variant>&) override { raise(errInvalidCall); }
+  Variant callMethod(const std::string&, std::vector<Variant>&) override { raise(errNoSuchMember); }
 };
 
 struct Device {
@@ -55,8 +55,7 @@ struct Device {
 };
 
 struct PageTest {
-  PageTest() { setMessageBoxService(&boxes); }
-  ~PageTest() { setMessageBoxService(nullptr); }
+  PageTest() { page.setMessageBoxes(&boxes); }
 
   Status select(const Device& d) {
     d.fill(component);

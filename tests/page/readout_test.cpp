@@ -18,6 +18,9 @@ TEST(ReadOut, FormatsClockPeriodAndFrequency) {
                                {2000000, 124, 8, 1, "2.0 MHz", "1000.0 us", "1.0 KHz"},
                                {8000000, 99, -2, 1, "1.0 MHz", "200.0 us", "5.0 KHz"},
                                {8000000, 99, -1, 1, "8.0 MHz", "0.0 ms", "0.0 Hz"},
+                               // Outside the table: 0 counts external pulses, 2 divides.
+                               {8000000, 99, 0, 1, "1.0 MHz", "200.0 us", "5.0 KHz"},
+                               {8000000, 99, 2, 1, "8.0 MHz", "50.0 us", "20.0 KHz"},
                                {999999, 99, -1, 1, "999.999 kHz", "0.0 ms", "0.0 Hz"},
                                // No clock: the page's own cycle time of 0.050862 us.
                                {0, 255, 1, 1, "0.0 kHz", "26.04134 us", "38.40047 KHz"},

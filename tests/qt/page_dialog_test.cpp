@@ -18,11 +18,10 @@ namespace {
 class PageDialogTest : public ::testing::Test, zvqt_test::WithApp {
 protected:
   void SetUp() override {
-    zv::setMessageBoxService(&boxes);
-    component = zvqt_test::makeComponent("ATmega328P");
+    component = zvqt_test::makeComponent("ATmega328P", &boxes);
     ASSERT_TRUE(component);
     zv::Status status;
-    page = zvqt_test::plugin().createPage(status);
+    page = zvqt_test::plugin().createPage(status, &boxes);
     ASSERT_TRUE(page) << status.description;
     page->site().SelectedControls = {&component->publicInterface()};
     ASSERT_TRUE(page->PropertyPage_SelectionChanged().ok());
@@ -30,10 +29,7 @@ protected:
     pr2 = qobject_cast<QLineEdit*>(dialog->pageWidget()->viewOf("txt_Pr2"));
     ASSERT_TRUE(pr2);
   }
-  void TearDown() override {
-    dialog.reset();
-    zv::setMessageBoxService(nullptr);
-  }
+  void TearDown() override { dialog.reset(); }
   void clearRegister() {
     pr2->selectAll();
     QTest::keyClick(pr2, Qt::Key_Backspace);

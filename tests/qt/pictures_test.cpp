@@ -69,9 +69,6 @@ void simulate(zv::ComponentObject& c, const std::vector<int>& call) {
 
 class PicturesTest : public ::testing::Test, zvqt_test::WithApp {
 protected:
-  void SetUp() override { zv::setMessageBoxService(&boxes); }
-  void TearDown() override { zv::setMessageBoxService(nullptr); }
-  zv::HeadlessMessageBoxes boxes;
 };
 
 // What the desktop shows is what the host exports. The PNG is the grab of the

@@ -31,9 +31,10 @@ inline const zvhost::Plugin& plugin() {
   return loaded;
 }
 
-inline zvhost::Plugin::ComponentPtr makeComponent(const std::string& device) {
+inline zvhost::Plugin::ComponentPtr makeComponent(const std::string& device,
+                                                  zv::MessageBoxService* boxes = nullptr) {
   zv::Status status;
-  auto component = plugin().createComponent("", "", status);
+  auto component = plugin().createComponent("", "", status, boxes);
   EXPECT_TRUE(component) << status.description;
   if (!component)
     return component;

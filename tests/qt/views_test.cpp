@@ -63,6 +63,16 @@ TEST_F(ViewsTest, TypedTextRunsOneChangePerKeyAndARewriteShowsWithoutEcho) {
   }
 }
 
+TEST_F(ViewsTest, TypedTextReachesTheModelInWindows1252) {
+  zv::TextBox box("txt");
+  zvqt::TextBoxView view(box, &root);
+  // keyClicks knows ASCII keys only; these carry their characters as a keyboard does.
+  for (QChar c : QString::fromUtf8("Caf\xC3\xA9\xE2\x86\x92"))
+    QTest::sendKeyEvent(QTest::Click, &view, Qt::Key_unknown, QString(c), Qt::NoModifier);
+  EXPECT_EQ(box.Text(), "Caf\xE9?"); // no Windows-1252 byte for the arrow
+  EXPECT_EQ(view.text(), QString::fromUtf8("Caf\xC3\xA9?"));
+}
+
 // A handler in the manner of the page: values above 255 come back to 255.
 void pullBackAbove255(zv::ScrollBar& bar) {
   if (bar.Value() > 255)

@@ -9,7 +9,7 @@
 #include <functional>
 #include <random>
 
-#include "component/pins/pin_slot.h"
+#include "pins/pin_slot.h"
 #include "tests/component/fixture.h"
 
 namespace zvtest {
@@ -151,7 +151,7 @@ TEST_F(Hostile, PathsWithOddCharacters) {
     odd.write(name + "/Fixture.c",
               crlf({"[Settings]", "Description=Odd", "/*X_Start*/", "x", "/*X_End*/"}));
     odd.write(name + "/device.zvd", "[Device]\r\nPWMCount=2\r\n");
-    zv::PWM pwm(zv::LibraryFacts{dir, "Fixture", 4, 0, 0});
+    zv::PWM pwm(zv::LibraryFacts{dir, "Fixture", 4, 0, 0}, &boxes);
     EXPECT_EQ(pwm.sDescription, "Odd");
     EXPECT_EQ(block(pwm, "X"), "x\n");
     EXPECT_TRUE(pwm.put_ZvdFilename(dir + "/device.zvd").ok());

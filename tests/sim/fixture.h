@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "component/core/pwm.h"
+#include "core/pwm.h"
 #include "platform/msgbox.h"
 #include "tests/common/temp_folder.h"
 
@@ -37,8 +37,7 @@ struct SimObject {
     for (int i = 1; i <= macroCount; ++i)
       code.push_back(std::to_string(i) + "=" + names[(i - 1) % 6]);
     folder.write("Fixture.c", crlf(code));
-    zv::setMessageBoxService(&boxes);
-    pwm = std::make_unique<zv::PWM>(zv::LibraryFacts{folder.path(), "Fixture", 4, 0, 0});
+    pwm = std::make_unique<zv::PWM>(zv::LibraryFacts{folder.path(), "Fixture", 4, 0, 0}, &boxes);
     if (macroCount > 0)
       (void)pwm->put_ZelvorVersion(4 * 256);
     pwm->iPwmCount = pwmCount;
@@ -46,10 +45,6 @@ struct SimObject {
     pwm->bShowSim = -1;
     pwm->Calc_Period_Freq();
     boxes.texts.clear();
-  }
-  ~SimObject() {
-    pwm.reset();
-    zv::setMessageBoxService(nullptr);
   }
   TempFolder folder;
   zv::HeadlessMessageBoxes boxes;

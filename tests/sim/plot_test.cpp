@@ -2,8 +2,8 @@
 // 100, the failure of a period register of -1, and a period with a fraction.
 #include <gtest/gtest.h>
 
-#include "component/sim/plot_geometry.h"
 #include "platform/errors.h"
+#include "sim/plot_geometry.h"
 
 namespace {
 

@@ -39,6 +39,8 @@ INSTANTIATE_TEST_SUITE_P(
                       TimingCase{19660800, 255, 1, 2, 52.0833f}, TimingCase{0, 255, 1, 1, 26.0417f},
                       TimingCase{0, 9, 0, 2, 40e6f}, TimingCase{0, 255, -1, 1, 0},
                       TimingCase{19660800, 255, -3, 1, 512e6f},
+                      // Values the table doesn't hold count as their sign says.
+                      TimingCase{8000000, 255, 2, 1, 128},
                       // No device data yet: no cycles, whatever the prescaler.
                       TimingCase{8000000, 255, 1024, 0, 0}, TimingCase{8000000, 255, -2, 0, 0}));
 

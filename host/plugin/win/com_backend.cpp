@@ -338,26 +338,26 @@ private:
 
 } // namespace
 
-ComBackend::ComBackend() : site_(new ComSite) {}
-
 ComBackend::~ComBackend() {
   pageMaker_.reset();
-  site_->Release();
 }
 
 std::unique_ptr<ComponentHandle> ComBackend::createComponent(const std::string& folder,
                                                              const std::string& baseName,
-                                                             zv::Status& status) {
+                                                             zv::Status& status,
+                                                             zv::MessageBoxService* boxes) {
   CLSID clsid;
   HRESULT hr = CLSIDFromProgID(kProgId, &clsid);
   Ref<IUnknown> object;
   if (SUCCEEDED(hr))
     hr = CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, object.out());
+  // The object keeps its own reference to its site.
+  Ref<ComSite> site(new ComSite(boxes));
   Ref<IOleObject> control;
   if (SUCCEEDED(hr))
     hr = object->QueryInterface(IID_IOleObject, control.out());
   if (SUCCEEDED(hr))
-    hr = control->SetClientSite(static_cast<IOleClientSite*>(site_));
+    hr = control->SetClientSite(static_cast<IOleClientSite*>(site.get()));
   Ref<IDispatch> host, pwm;
   Ref<IZelvorDiagnostics> diagnostics;
   // The host interface's own IDispatch: the IZelvorComponentV4 pointer is one.
@@ -382,8 +382,10 @@ std::unique_ptr<ComponentHandle> ComBackend::createComponent(const std::string& 
                                         std::move(diagnostics));
 }
 
-std::unique_ptr<PageHandle> ComBackend::createPage(zv::Status& status) {
-  if (!pageMaker_ && !(pageMaker_ = createComponent({}, {}, status)))
+std::unique_ptr<PageHandle> ComBackend::createPage(zv::Status& status,
+                                                   zv::MessageBoxService* boxes) {
+  // The page shows its boxes through those of the object that made it.
+  if (!pageMaker_ && !(pageMaker_ = createComponent({}, {}, status, boxes)))
     return nullptr;
   Ref<IZelvorPageDiagnostics> page;
   const HRESULT hr = static_cast<ComComponent&>(*pageMaker_)

@@ -51,7 +51,8 @@ HRESULT ComSite::QueryService(REFGUID service, REFIID iid, void** out) {
 }
 
 HRESULT ComSite::Show(BSTR text, BSTR title) {
-  zv::messageBoxService().show(zvcom::fromBstr(text), zvcom::fromBstr(title));
+  (boxes_ ? *boxes_ : zv::defaultMessageBoxes())
+      .show(zvcom::fromBstr(text), zvcom::fromBstr(title));
   return S_OK;
 }
 

@@ -1,20 +1,22 @@
-// The host's client site for the objects it makes: IServiceProvider offering
+// The host's client site for an object it makes: IServiceProvider offering
 // the library's message-box service, which shows each box through the
-// process's current zv::messageBoxService() and answers OK. The site holds
-// no document: its other calls answer that there is nothing to do.
+// object's service and answers OK. The site holds no document: its other
+// calls answer that there is nothing to do.
 #pragma once
 
 #include <oleidl.h>
 #include <servprov.h>
 
 #include "avr_pwm.h"
+#include "platform/msgbox.h"
 
 namespace zvhost {
 
 class ComSite final : public IOleClientSite, public IServiceProvider, public IZelvorMessageBoxes {
 public:
-  // Starts with one reference, the creator's.
-  ComSite() = default;
+  // Starts with one reference, the creator's. boxes (not owned) shows the
+  // boxes; null: the platform's default.
+  explicit ComSite(zv::MessageBoxService* boxes) : boxes_(boxes) {}
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
   ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
@@ -31,6 +33,7 @@ public:
 private:
   ~ComSite() = default;
   ULONG references_ = 1;
+  zv::MessageBoxService* boxes_;
 };
 
 } // namespace zvhost

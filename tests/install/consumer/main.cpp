@@ -4,8 +4,8 @@
 
 #include <cstdio>
 
-#include "zelvor/plugin.h"
 #include "platform/msgbox.h"
+#include "zelvor/plugin.h"
 
 int main() {
   void* lib = dlopen(PLUGIN, RTLD_NOW);
@@ -13,14 +13,20 @@ int main() {
     std::fprintf(stderr, "%s\n", dlerror());
     return 1;
   }
-  auto create = reinterpret_cast<decltype(&zelvor_create_component)>(
-      dlsym(lib, "zelvor_create_component"));
-  auto destroy = reinterpret_cast<decltype(&zelvor_destroy_component)>(
-      dlsym(lib, "zelvor_destroy_component"));
+  auto create =
+      reinterpret_cast<decltype(&zelvor_create_component)>(dlsym(lib, "zelvor_create_component"));
+  auto destroy =
+      reinterpret_cast<decltype(&zelvor_destroy_component)>(dlsym(lib, "zelvor_destroy_component"));
   zv::HeadlessMessageBoxes boxes;
-  zv::setMessageBoxService(&boxes);
   zv::Status status;
-  zv::ComponentObject* pwm = create(nullptr, nullptr, &status);
+  zv::ComponentObject* pwm = nullptr;
+  {
+    // The start-up runs before there is an object to hand the boxes to.
+    zv::ScopedDefaultMessageBoxes startUp(boxes);
+    pwm = create(nullptr, nullptr, &status);
+  }
+  if (pwm)
+    pwm->setMessageBoxes(&boxes);
   if (!pwm || !boxes.texts.empty()) {
     std::fprintf(stderr, "start-up: %d %s\n", status.number, status.description.c_str());
     return 1;
