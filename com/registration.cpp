@@ -5,8 +5,12 @@
 #include <string>
 
 #include "avr_pwm.h"
+#include "com/registry.h"
 #include "control/control_registration.h"
 #include "type_info.h"
+
+using zvcom::guidText;
+using zvcom::setRegistryValue;
 
 namespace {
 
@@ -14,25 +18,6 @@ constexpr wchar_t kProgId[] = L"Zelvor_AVR_PWM.PWM.1";
 constexpr wchar_t kVersionIndependentProgId[] = L"Zelvor_AVR_PWM.PWM";
 constexpr wchar_t kClassName[] = L"Zelvor AVR PWM component";
 constexpr WORD kLibraryMajor = 4, kLibraryMinor = 0;
-
-std::wstring text(REFGUID guid) {
-  wchar_t buffer[40];
-  StringFromGUID2(guid, buffer, 40);
-  return buffer;
-}
-
-// Sets a value (the default one when name is null) of key, creating the key.
-bool setValue(const std::wstring& key, const wchar_t* name, const std::wstring& value) {
-  HKEY handle = nullptr;
-  if (RegCreateKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &handle,
-                      nullptr) != ERROR_SUCCESS)
-    return false;
-  const LONG result =
-      RegSetValueExW(handle, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
-                     static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
-  RegCloseKey(handle);
-  return result == ERROR_SUCCESS;
-}
 
 // The default value of key, empty when there is none.
 std::wstring valueOf(const std::wstring& key) {
@@ -51,21 +36,22 @@ void removeProgId(const std::wstring& progId, const std::wstring& clsid) {
 }
 
 bool registerClass() {
-  const std::wstring clsid = text(CLSID_PWM);
+  const std::wstring clsid = guidText(CLSID_PWM);
   const std::wstring key = L"CLSID\\" + clsid;
-  return setValue(key, nullptr, kClassName) &&
-         setValue(key + L"\\InprocServer32", nullptr, zvcom::modulePath()) &&
-         setValue(key + L"\\InprocServer32", L"ThreadingModel", L"Apartment") &&
-         setValue(key + L"\\ProgID", nullptr, kProgId) &&
-         setValue(key + L"\\VersionIndependentProgID", nullptr, kVersionIndependentProgId) &&
-         setValue(key + L"\\TypeLib", nullptr, text(LIBID_Zelvor_AVR_PWM)) &&
-         setValue(key + L"\\Version", nullptr, L"4.0") &&
-         setValue(key + L"\\Programmable", nullptr, L"") &&
-         setValue(kProgId, nullptr, kClassName) &&
-         setValue(std::wstring(kProgId) + L"\\CLSID", nullptr, clsid) &&
-         setValue(kVersionIndependentProgId, nullptr, kClassName) &&
-         setValue(std::wstring(kVersionIndependentProgId) + L"\\CLSID", nullptr, clsid) &&
-         setValue(std::wstring(kVersionIndependentProgId) + L"\\CurVer", nullptr, kProgId);
+  return setRegistryValue(key, nullptr, kClassName) &&
+         setRegistryValue(key + L"\\InprocServer32", nullptr, zvcom::modulePath()) &&
+         setRegistryValue(key + L"\\InprocServer32", L"ThreadingModel", L"Apartment") &&
+         setRegistryValue(key + L"\\ProgID", nullptr, kProgId) &&
+         setRegistryValue(key + L"\\VersionIndependentProgID", nullptr,
+                          kVersionIndependentProgId) &&
+         setRegistryValue(key + L"\\TypeLib", nullptr, guidText(LIBID_Zelvor_AVR_PWM)) &&
+         setRegistryValue(key + L"\\Version", nullptr, L"4.0") &&
+         setRegistryValue(key + L"\\Programmable", nullptr, L"") &&
+         setRegistryValue(kProgId, nullptr, kClassName) &&
+         setRegistryValue(std::wstring(kProgId) + L"\\CLSID", nullptr, clsid) &&
+         setRegistryValue(kVersionIndependentProgId, nullptr, kClassName) &&
+         setRegistryValue(std::wstring(kVersionIndependentProgId) + L"\\CLSID", nullptr, clsid) &&
+         setRegistryValue(std::wstring(kVersionIndependentProgId) + L"\\CurVer", nullptr, kProgId);
 }
 
 HRESULT registerTypeLibraries() {
@@ -83,7 +69,7 @@ HRESULT registerTypeLibraries() {
 } // namespace
 
 extern "C" HRESULT STDAPICALLTYPE DllUnregisterServer() {
-  const std::wstring clsid = text(CLSID_PWM);
+  const std::wstring clsid = guidText(CLSID_PWM);
   removeProgId(kProgId, clsid);
   removeProgId(kVersionIndependentProgId, clsid);
   RegDeleteTreeW(HKEY_CLASSES_ROOT, (L"CLSID\\" + clsid).c_str());
