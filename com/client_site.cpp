@@ -83,9 +83,7 @@ HRESULT PwmObject::EnumAdvise(IEnumSTATDATA** advise) {
 HRESULT PwmObject::GetMiscStatus(DWORD, DWORD* status) {
   if (!status)
     return E_POINTER;
-  // The site comes first, so that the start of a load already has the host's services.
-  *status = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE | OLEMISC_INSIDEOUT |
-            OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_SETCLIENTSITEFIRST;
+  *status = kMiscStatus;
   return S_OK;
 }
 HRESULT PwmObject::SetColorScheme(LOGPALETTE*) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "com/registry.h"
+#include "ole_control.h"
 #include "property_page.h"
 #include "type_info.h"
 
@@ -15,11 +16,7 @@ namespace {} // namespace
 bool registerControl(REFCLSID clsid) {
   const std::wstring control = L"CLSID\\" + guidText(clsid);
   const std::wstring page = L"CLSID\\" + guidText(CLSID_PwmPropertyPage);
-  // Recompose on resize, can't link inside, inside-out, activate when visible,
-  // site first: what GetMiscStatus answers.
-  const std::wstring misc =
-      std::to_wstring(OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE | OLEMISC_INSIDEOUT |
-                      OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_SETCLIENTSITEFIRST);
+  const std::wstring misc = std::to_wstring(kMiscStatus);
   return setRegistryValue(control + L"\\Control", nullptr, L"") &&
          setRegistryValue(control + L"\\MiscStatus", nullptr, L"0") &&
          setRegistryValue(control + L"\\MiscStatus\\1", nullptr, misc) &&

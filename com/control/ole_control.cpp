@@ -1,8 +1,9 @@
 #include "ole_control.h"
 
-#include <vector>
+#include <new>
 
 #include "avr_pwm.h"
+#include "event_source.h"
 #include "property_page.h"
 #include "pwm_object.h"
 #include "type_info.h"
@@ -12,78 +13,6 @@ namespace zvcom {
 namespace {
 
 constexpr double kHimetricPerTwip = 2540.0 / 1440.0;
-
-// The source of the control's events: sinks may connect, none is ever called,
-// since the event interface has no members.
-class EventSource final : public IConnectionPoint {
-public:
-  explicit EventSource(IConnectionPointContainer& owner) : owner_(owner) {}
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override {
-    if (!out)
-      return E_POINTER;
-    *out = IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IConnectionPoint)
-               ? static_cast<IConnectionPoint*>(this)
-               : nullptr;
-    if (!*out)
-      return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (!left)
-      delete this;
-    return left;
-  }
-  HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* iid) override {
-    if (!iid)
-      return E_POINTER;
-    *iid = DIID___PWM;
-    return S_OK;
-  }
-  HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer** c) override {
-    if (!c)
-      return E_POINTER;
-    *c = &owner_;
-    owner_.AddRef();
-    return S_OK;
-  }
-  HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override {
-    if (!sink || !cookie)
-      return E_POINTER;
-    sink->AddRef();
-    sinks_.push_back(sink);
-    *cookie = static_cast<DWORD>(sinks_.size());
-    return S_OK;
-  }
-  HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override {
-    if (cookie == 0 || cookie > sinks_.size() || !sinks_[cookie - 1])
-      return CONNECT_E_NOCONNECTION;
-    sinks_[cookie - 1]->Release();
-    sinks_[cookie - 1] = nullptr;
-    return S_OK;
-  }
-  HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections** e) override {
-    if (e)
-      *e = nullptr;
-    return E_NOTIMPL;
-  }
-  // Disconnects what is still connected, when the control goes.
-  void disconnect() {
-    for (IUnknown*& sink : sinks_)
-      if (sink) {
-        sink->Release();
-        sink = nullptr;
-      }
-  }
-
-private:
-  ~EventSource() { disconnect(); }
-  IConnectionPointContainer& owner_;
-  ULONG references_ = 1;
-  std::vector<IUnknown*> sinks_;
-};
 
 } // namespace
 
@@ -96,7 +25,7 @@ OleControl::~OleControl() {
   if (viewSink_)
     viewSink_->Release();
   if (events_) {
-    static_cast<EventSource*>(events_)->disconnect();
+    events_->disconnect();
     events_->Release();
   }
 }
@@ -120,6 +49,8 @@ void* OleControl::face(REFIID iid) {
     return static_cast<IPersistStreamInit*>(this);
   if (IsEqualIID(iid, IID_ISpecifyPropertyPages))
     return static_cast<ISpecifyPropertyPages*>(this);
+  if (IsEqualIID(iid, IID_IQuickActivate))
+    return static_cast<IQuickActivate*>(this);
   return nullptr;
 }
 
@@ -258,10 +189,19 @@ HRESULT OleControl::GetGUID(DWORD kind, GUID* guid) {
   return S_OK;
 }
 
+EventSource* OleControl::events() {
+  if (!events_)
+    events_ = new (std::nothrow) EventSource(*this);
+  return events_;
+}
+
 HRESULT OleControl::EnumConnectionPoints(IEnumConnectionPoints** points) {
-  if (points)
-    *points = nullptr;
-  return E_NOTIMPL;
+  if (!points)
+    return E_POINTER;
+  *points = nullptr;
+  if (!events())
+    return E_OUTOFMEMORY;
+  return enumeratePoints(static_cast<IConnectionPointContainer*>(this), {events_}, points);
 }
 
 HRESULT OleControl::FindConnectionPoint(REFIID iid, IConnectionPoint** point) {
@@ -270,9 +210,7 @@ HRESULT OleControl::FindConnectionPoint(REFIID iid, IConnectionPoint** point) {
   *point = nullptr;
   if (!IsEqualIID(iid, DIID___PWM))
     return CONNECT_E_NOCONNECTION;
-  if (!events_)
-    events_ = new (std::nothrow) EventSource(*this);
-  if (!events_)
+  if (!events())
     return E_OUTOFMEMORY;
   events_->AddRef();
   *point = events_;

@@ -1,7 +1,8 @@
 // The OLE control faces of one PWM object: siting and in-place activation,
 // drawing into any device context, saved properties through a property bag or
 // a stream, the class's type information, its (empty) event source and its
-// property page. Every face shares the object's identity and reference count.
+// property page, and quick activation. Every face shares the object's identity
+// and reference count.
 #pragma once
 
 #include <ocidl.h>
@@ -14,6 +15,14 @@
 namespace zvcom {
 
 class PwmObject;
+class EventSource;
+
+// What the control tells a container before it is loaded: recompose on resize,
+// can't link inside, inside-out, activate when visible, and the site first, so
+// that the start of a load already has the host's services.
+constexpr DWORD kMiscStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE |
+                              OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE |
+                              OLEMISC_SETCLIENTSITEFIRST;
 
 class OleControl final : public IOleInPlaceObject,
                          public IOleInPlaceActiveObject,
@@ -23,7 +32,8 @@ class OleControl final : public IOleInPlaceObject,
                          public IConnectionPointContainer,
                          public IPersistPropertyBag,
                          public IPersistStreamInit,
-                         public ISpecifyPropertyPages {
+                         public ISpecifyPropertyPages,
+                         public IQuickActivate {
 public:
   explicit OleControl(PwmObject& object);
   ~OleControl();
@@ -84,6 +94,11 @@ public:
   HRESULT STDMETHODCALLTYPE GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) override;
   HRESULT STDMETHODCALLTYPE GetExtent(DWORD aspect, LONG, DVTARGETDEVICE*, LPSIZEL size) override;
 
+  // IQuickActivate (quick_activate.cpp)
+  HRESULT STDMETHODCALLTYPE QuickActivate(QACONTAINER* container, QACONTROL* control) override;
+  HRESULT STDMETHODCALLTYPE SetContentExtent(LPSIZEL size) override;
+  HRESULT STDMETHODCALLTYPE GetContentExtent(LPSIZEL size) override;
+
   // IPersist, IPersistPropertyBag, IPersistStreamInit (persist.cpp)
   HRESULT STDMETHODCALLTYPE GetClassID(CLSID* clsid) override;
   HRESULT STDMETHODCALLTYPE InitNew() override;
@@ -102,6 +117,8 @@ private:
   // Tells the view's advise sink that the picture changed.
   void viewChanged();
   HRESULT activate(IOleClientSite* site, HWND parent, LPCRECT place);
+  // The event source, made at the first request; nullptr when out of memory.
+  EventSource* events();
 
   PwmObject& object_;
   bool painted_ = false;
@@ -110,7 +127,7 @@ private:
   DWORD viewAspects_ = 0, viewFlags_ = 0;
   IOleInPlaceSite* inPlaceSite_ = nullptr;
   std::unique_ptr<zvwin::PanelWindow> window_;
-  IConnectionPoint* events_ = nullptr; // made at the first request
+  EventSource* events_ = nullptr;
 };
 
 } // namespace zvcom

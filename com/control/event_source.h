@@ -1,0 +1,38 @@
+// The control's source of events and the enumeration of a container's
+// connection points. Sinks may connect to the source; none is ever called,
+// since the event interface has no members.
+#pragma once
+
+#include <ocidl.h>
+#include <olectl.h>
+
+#include <vector>
+
+namespace zvcom {
+
+class EventSource final : public IConnectionPoint {
+public:
+  explicit EventSource(IConnectionPointContainer& owner) : owner_(owner) {}
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+  ULONG STDMETHODCALLTYPE Release() override;
+  HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* iid) override;
+  HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer** c) override;
+  HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override;
+  HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override;
+  HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections** e) override;
+  // Disconnects what is still connected, when the control goes.
+  void disconnect();
+
+private:
+  ~EventSource() { disconnect(); }
+  IConnectionPointContainer& owner_;
+  ULONG references_ = 1;
+  std::vector<IUnknown*> sinks_;
+};
+
+// A new enumerator over points, which keeps them and their owner alive.
+HRESULT enumeratePoints(IUnknown* owner, const std::vector<IConnectionPoint*>& points,
+                        IEnumConnectionPoints** out);
+
+} // namespace zvcom
