@@ -11,6 +11,7 @@
 #include <olectl.h>
 #include <shellapi.h>
 
+#include "container_test.h"
 #include "ole_site.h"
 #include "zelvor_v4.h"
 
@@ -18,85 +19,8 @@ using namespace zvtest;
 
 namespace {
 
-int failures = 0;
-void check(bool ok, const std::string& what) {
-  std::printf("%s %s\n", ok ? "ok  " : "FAIL", what.c_str());
-  std::fflush(stdout);
-  failures += !ok;
-}
-
 std::string narrow(const std::wstring& w) {
   return std::string(w.begin(), w.end());
-}
-
-template <class I> I* as(IUnknown* object, REFIID iid) {
-  I* face = nullptr;
-  return SUCCEEDED(object->QueryInterface(iid, reinterpret_cast<void**>(&face))) ? face : nullptr;
-}
-
-// The 32-bit pixels of a DIB section, top row first.
-struct Picture {
-  int width = 0, height = 0;
-  HDC dc = nullptr;
-  HBITMAP bitmap = nullptr;
-  DWORD* bits = nullptr;
-  Picture(int w, int h) : width(w), height(h), dc(CreateCompatibleDC(nullptr)) {
-    BITMAPINFO info{};
-    info.bmiHeader = {sizeof(BITMAPINFOHEADER), w, -h, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    bitmap =
-        CreateDIBSection(dc, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&bits), nullptr, 0);
-    SelectObject(dc, bitmap);
-  }
-  ~Picture() {
-    DeleteDC(dc);
-    DeleteObject(bitmap);
-  }
-  DWORD at(int x, int y) const { return bits[y * width + x] & 0xffffff; }
-  // Whether the colour stands on the pixel or one of its neighbours.
-  bool around(int x, int y, DWORD rgb) const {
-    for (int dy = -1; dy <= 1; ++dy)
-      for (int dx = -1; dx <= 1; ++dx)
-        if (x + dx >= 0 && y + dy >= 0 && x + dx < width && y + dy < height &&
-            at(x + dx, y + dy) == rgb)
-          return true;
-    return false;
-  }
-  bool save(const std::wstring& path) const {
-    BITMAPFILEHEADER file{0x4d42, 0, 0, 0, sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER)};
-    BITMAPINFOHEADER header{sizeof header, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    const DWORD bytes = static_cast<DWORD>(width * height * 4);
-    file.bfSize = file.bfOffBits + bytes;
-    FILE* out = _wfopen(path.c_str(), L"wb");
-    if (!out)
-      return false;
-    std::fwrite(&file, sizeof file, 1, out);
-    std::fwrite(&header, sizeof header, 1, out);
-    std::fwrite(bits, bytes, 1, out);
-    return std::fclose(out) == 0;
-  }
-};
-
-// A window's pixels as the screen shows them.
-bool snapshot(HWND window, const std::wstring& path) {
-  RECT r;
-  GetWindowRect(window, &r);
-  Picture picture(r.right - r.left, r.bottom - r.top);
-  HDC screen = GetDC(nullptr);
-  BitBlt(picture.dc, 0, 0, picture.width, picture.height, screen, r.left, r.top, SRCCOPY);
-  ReleaseDC(nullptr, screen);
-  return picture.save(path);
-}
-
-void pump(int milliseconds) {
-  const DWORD end = GetTickCount() + milliseconds;
-  MSG m;
-  while (GetTickCount() < end) {
-    while (PeekMessageW(&m, nullptr, 0, 0, PM_REMOVE)) {
-      TranslateMessage(&m);
-      DispatchMessageW(&m);
-    }
-    Sleep(10);
-  }
 }
 
 VARIANT params(std::initializer_list<int> values) {

@@ -1,7 +1,8 @@
 #!/bin/bash
 # Runs the OLE container test on a virtual display of its own: starts Xvfb on a
 # free display number, registers the library in the private Wine prefix, runs
-# ole_container.exe, unregisters, and stops Wine and Xvfb again.
+# ole_container.exe and atl_container.exe (the system's ATL host), unregisters,
+# and stops Wine and Xvfb again. Fails when either container fails.
 # Usage: run-ole-container.sh WINE BUILD_DIR SOURCE_DIR
 set -u
 wine=$1 build=$2 source=$3
@@ -31,5 +32,8 @@ ocx=$(winpath "$build/bin/AVR_PWM.ocx")
 "$wine" "$(winpath "$build/tests/ole_container.exe")" \
   "$(winpath "$source/devices/ATmega328P.zvd")" "$(winpath "$pictures")" 2>&1 | tr -d '\r'
 rc=${PIPESTATUS[0]}
+echo "--- the ATL host"
+"$wine" "$(winpath "$build/tests/atl_container.exe")" "$(winpath "$pictures")" 2>&1 | tr -d '\r'
+atl=${PIPESTATUS[0]}
 "$wine" regsvr32 /s /u "$ocx"
-exit "$rc"
+[ "$rc" -eq 0 ] && [ "$atl" -eq 0 ]
