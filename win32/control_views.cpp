@@ -45,14 +45,19 @@ private:
   }
   void sync() override {
     ControlView::sync();
-    showText(label_.Caption());
-    if (label_.Alignment() == zv::Label::RightJustify && label_.BorderStyle() == 0)
-      fitPrompt();
+    if (label_.Alignment() != zv::Label::RightJustify || label_.BorderStyle() != 0)
+      return showText(label_.Caption());
+    // A prompt's trailing blanks show nothing, but would wrap its last word
+    // when it stands at the page's edge and cannot grow further.
+    std::string caption = label_.Caption();
+    caption.erase(caption.find_last_not_of(' ') + 1);
+    showText(caption);
+    fitPrompt(caption);
   }
   // The twips were laid out for a narrower font: a prompt grows to its left,
   // towards the space before it, rather than wrapping out of sight.
-  void fitPrompt() {
-    const std::wstring text = zv::wideFrom1252(label_.Caption());
+  void fitPrompt(const std::string& caption) {
+    const std::wstring text = zv::wideFrom1252(caption);
     HDC dc = GetDC(window_);
     HGDIOBJ old =
         SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageW(window_, WM_GETFONT, 0, 0)));

@@ -405,6 +405,7 @@ void CALLBACK pageStep(HWND, UINT, UINT_PTR timer, DWORD) {
   SendMessageW(combo, WM_KEYDOWN, VK_DOWN, 0); // clk / 1 to clk / 8
   SendMessageW(combo, WM_KEYDOWN, VK_DOWN, 0); // to clk / 64
   check(IsWindowEnabled(apply), "typing enables Apply");
+  pump(300); // the page shows the typed value and the new clock source
   snapshot(script.frame, script.pictures + L"\\property-page.bmp");
   SendMessageW(apply, BM_CLICK, 0, 0);
   SHORT pr2 = 0, prescaler = 0;
