@@ -381,6 +381,24 @@ void type(HWND edit, const wchar_t* text) {
     SendMessageW(edit, WM_CHAR, *c, 1);
 }
 
+// Whether each right-justified prompt of the page fits its window on one line.
+BOOL CALLBACK promptFits(HWND window, LPARAM all) {
+  wchar_t name[16] = {}, text[64] = {};
+  GetClassNameW(window, name, 16);
+  if (_wcsicmp(name, L"Static") != 0 || !(GetWindowLongW(window, GWL_STYLE) & SS_RIGHT))
+    return TRUE;
+  const int length = GetWindowTextW(window, text, 64);
+  HDC dc = GetDC(window);
+  SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageW(window, WM_GETFONT, 0, 0)));
+  SIZE need{};
+  GetTextExtentPoint32W(dc, text, length, &need);
+  ReleaseDC(window, dc);
+  RECT r;
+  GetClientRect(window, &r);
+  *reinterpret_cast<bool*>(all) &= need.cx <= r.right;
+  return TRUE;
+}
+
 void CALLBACK pageStep(HWND, UINT, UINT_PTR timer, DWORD) {
   constexpr int kPr2 = 1010, kClockSource = 1009, kApply = 0x3021;
   if (!script.frame)
@@ -400,6 +418,9 @@ void CALLBACK pageStep(HWND, UINT, UINT_PTR timer, DWORD) {
   KillTimer(nullptr, timer);
   _PWM* pwm = as<_PWM>(script.control, IID__PWM);
   check(!IsWindowEnabled(apply), "Apply is disabled while nothing is changed");
+  bool fit = true;
+  EnumChildWindows(script.frame, promptFits, reinterpret_cast<LPARAM>(&fit));
+  check(fit, "each prompt keeps to one line");
   type(edit, L"100");
   SetFocus(combo);
   SendMessageW(combo, WM_KEYDOWN, VK_DOWN, 0); // clk / 1 to clk / 8
