@@ -72,14 +72,7 @@ int main() {
   auto getControl = exported<AxGetControl>(atl, "AtlAxGetControl");
   check(init && getControl && init(), "atl.dll and its window class");
   if (init && getControl) {
-    WNDCLASSW wc{};
-    wc.lpfnWndProc = DefWindowProcW;
-    wc.hInstance = GetModuleHandleW(nullptr);
-    wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
-    wc.lpszClassName = L"ZelvorAtlFrame";
-    RegisterClassW(&wc);
-    HWND frame = CreateWindowW(wc.lpszClassName, L"ATL host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 360,
-                               40, 280, 340, nullptr, nullptr, wc.hInstance, nullptr);
+    HWND frame = topWindow(L"ATL host", {360, 40, 640, 380});
     testHost(frame, getControl, argv[1]);
     DestroyWindow(frame);
   }

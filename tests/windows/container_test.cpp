@@ -12,6 +12,18 @@ void check(bool ok, const std::string& what) {
   failures += !ok;
 }
 
+HWND topWindow(const wchar_t* title, const RECT& place) {
+  WNDCLASSW wc{};
+  wc.lpfnWndProc = DefWindowProcW;
+  wc.hInstance = GetModuleHandleW(nullptr);
+  wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
+  wc.lpszClassName = L"ZelvorTestContainer";
+  RegisterClassW(&wc); // fails harmlessly from the second window on
+  return CreateWindowW(wc.lpszClassName, title, WS_OVERLAPPEDWINDOW | WS_VISIBLE, place.left,
+                       place.top, place.right - place.left, place.bottom - place.top, nullptr,
+                       nullptr, wc.hInstance, nullptr);
+}
+
 void pump(int milliseconds) {
   const DWORD end = GetTickCount() + milliseconds;
   MSG m;

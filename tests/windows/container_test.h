@@ -16,6 +16,9 @@ template <class I> I* as(IUnknown* object, REFIID iid) {
   return SUCCEEDED(object->QueryInterface(iid, reinterpret_cast<void**>(&face))) ? face : nullptr;
 }
 
+// A visible top-level window that paints its background and nothing else.
+HWND topWindow(const wchar_t* title, const RECT& place);
+
 // Dispatches the thread's messages for a while.
 void pump(int milliseconds);
 

@@ -382,14 +382,7 @@ int main() {
     return 2;
   }
   OleInitialize(nullptr);
-  WNDCLASSW wc{};
-  wc.lpfnWndProc = DefWindowProcW;
-  wc.hInstance = GetModuleHandleW(nullptr);
-  wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
-  wc.lpszClassName = L"ZelvorTestContainer";
-  RegisterClassW(&wc);
-  HWND window = CreateWindowW(wc.lpszClassName, L"Test container", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
-                              40, 40, 300, 340, nullptr, nullptr, wc.hInstance, nullptr);
+  HWND window = topWindow(L"Test container", {40, 40, 340, 380});
   {
     ContainerSite site(window);
     IUnknown* control = newControl(site);
