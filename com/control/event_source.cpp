@@ -150,9 +150,16 @@ private:
 
 } // namespace
 
-HRESULT enumeratePoints(IUnknown* owner, const std::vector<IConnectionPoint*>& points,
+HRESULT enumeratePoints(IUnknown* owner, IConnectionPoint* const* points, size_t count,
                         IEnumConnectionPoints** out) {
-  return PointEnumerator::make(owner, points, 0, out);
+  if (!out)
+    return E_POINTER;
+  *out = nullptr;
+  try {
+    return PointEnumerator::make(owner, {points, points + count}, 0, out);
+  } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+  }
 }
 
 } // namespace zvcom

@@ -31,8 +31,8 @@ private:
   std::vector<IUnknown*> sinks_;
 };
 
-// A new enumerator over points, which keeps them and their owner alive.
-HRESULT enumeratePoints(IUnknown* owner, const std::vector<IConnectionPoint*>& points,
+// A new enumerator over count points, which keeps them and their owner alive.
+HRESULT enumeratePoints(IUnknown* owner, IConnectionPoint* const* points, size_t count,
                         IEnumConnectionPoints** out);
 
 } // namespace zvcom

@@ -201,7 +201,8 @@ HRESULT OleControl::EnumConnectionPoints(IEnumConnectionPoints** points) {
   *points = nullptr;
   if (!events())
     return E_OUTOFMEMORY;
-  return enumeratePoints(static_cast<IConnectionPointContainer*>(this), {events_}, points);
+  IConnectionPoint* point = events_;
+  return enumeratePoints(static_cast<IConnectionPointContainer*>(this), &point, 1, points);
 }
 
 HRESULT OleControl::FindConnectionPoint(REFIID iid, IConnectionPoint** point) {
