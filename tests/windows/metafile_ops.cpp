@@ -24,7 +24,6 @@ struct State {
   unsigned brush = 0xffffff, pen = 0, textColor = 0;
   UINT align = TA_TOP | TA_LEFT;
   LOGFONTW font{};
-  POINT at{};
 };
 
 struct Object {
@@ -118,23 +117,6 @@ public:
     case EMR_SETTEXTALIGN:
       now_.align = reinterpret_cast<const EMRSETTEXTALIGN&>(r).iMode;
       break;
-    case EMR_MOVETOEX: {
-      const POINTL& p = reinterpret_cast<const EMRMOVETOEX&>(r).ptl;
-      now_.at = {p.x, p.y};
-      break;
-    }
-    case EMR_LINETO: {
-      const POINTL& p = reinterpret_cast<const EMRLINETO&>(r).ptl;
-      ops.line(now_.at.x, now_.at.y, p.x, p.y, now_.pen, now_.clip);
-      now_.at = {p.x, p.y};
-      break;
-    }
-    case EMR_SETPIXELV: {
-      const auto& e = reinterpret_cast<const EMRSETPIXELV&>(r);
-      ops.fill(e.ptlPixel.x, e.ptlPixel.y, e.ptlPixel.x + 1, e.ptlPixel.y + 1, rgbOf(e.crColor),
-               now_.clip);
-      break;
-    }
     case EMR_BITBLT: {
       const auto& e = reinterpret_cast<const EMRBITBLT&>(r);
       if (e.cbBmiSrc == 0 && e.dwRop == PATCOPY)
