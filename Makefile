@@ -39,7 +39,8 @@ test-asan: deps
 # display (Xvfb); zelvor-host.exe's answers to the examples are compared with
 # the Linux host of the default build.
 test-windows: build
-	cmake --preset windows -DZV_LINUX_HOST=$(CURDIR)/build/bin/zelvor-host >/dev/null
+	cmake --preset windows -DZV_LINUX_HOST=$(CURDIR)/build/bin/zelvor-host \
+	  -DZV_LINUX_PANEL_MATCH=$(CURDIR)/build/tests/panel_match >/dev/null
 	cmake --build --preset windows
 	ctest --preset windows
 

@@ -14,8 +14,11 @@ namespace {
 LONG objects = 0;
 LONG locks = 0;
 
-class PwmFactory final : public IClassFactory {
+// A class's factory: one for the library's life, whose references count as
+// server locks, as LockServer's do.
+class ClassFactory final : public IClassFactory {
 public:
+  explicit ClassFactory(HRESULT (*create)(REFIID, void**)) : create_(create) {}
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override {
     if (!out)
       return E_POINTER;
@@ -27,7 +30,6 @@ public:
     AddRef();
     return S_OK;
   }
-  // One factory for the library's life; its references count as server locks.
   ULONG STDMETHODCALLTYPE AddRef() override {
     return static_cast<ULONG>(InterlockedIncrement(&locks));
   }
@@ -41,7 +43,7 @@ public:
     *out = nullptr;
     if (outer)
       return CLASS_E_NOAGGREGATION;
-    return PwmObject::create(iid, out);
+    return create_(iid, out);
   }
   HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
     if (lock)
@@ -50,9 +52,13 @@ public:
       InterlockedDecrement(&locks);
     return S_OK;
   }
+
+private:
+  HRESULT (*create_)(REFIID, void**);
 };
 
-PwmFactory factory;
+ClassFactory controlFactory(PwmObject::create);
+ClassFactory pageFactory(PropertyPage::create);
 
 } // namespace
 
@@ -71,10 +77,10 @@ extern "C" HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID clsid, REFIID iid, 
     return E_POINTER;
   *out = nullptr;
   if (IsEqualCLSID(clsid, zvcom::CLSID_PwmPropertyPage)) // the control's property page
-    return zvcom::pageClassObject(iid, out);
+    return zvcom::pageFactory.QueryInterface(iid, out);
   if (!IsEqualCLSID(clsid, CLSID_PWM))
     return CLASS_E_CLASSNOTAVAILABLE;
-  return zvcom::factory.QueryInterface(iid, out);
+  return zvcom::controlFactory.QueryInterface(iid, out);
 }
 
 extern "C" HRESULT STDAPICALLTYPE DllCanUnloadNow() {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "kept_texts.h"
+#include "platform/controls/line_pixels.h"
 
 namespace zvqt {
 
@@ -67,11 +68,11 @@ bool cut(QPointF& p, QPointF& q, const QRectF& area) {
   return true;
 }
 
-// Lines in drawing order. A solid line along a pixel row or column is filled
-// as a rectangle, far cheaper than stroking, with the same pixels: an aliased
-// cosmetic line covers the pixels that hold its end points and those between.
-// Other lines of one pen go to the painter together. On a painter whose
-// pixels are several of the device's, a line keeps to the painter's pixels.
+// Lines in drawing order. A solid line is filled run by run from the pixels
+// every platform's view gives it (zv::linePixels), along a row or a column a
+// single rectangle, far cheaper than stroking; in an SVG only those stay
+// fills. Other lines of one pen go to the painter together. On a painter
+// whose pixels are several of the device's, a line keeps to the painter's pixels.
 class LineBatch {
 public:
   // With a target, the image the painter paints on, filled lines are written
@@ -99,13 +100,22 @@ public:
   void add(QPointF p, QPointF q, zv::Color color, int style) {
     if (cut_.isValid() && !cut(p, q, cut_))
       return;
-    if (fill_ && style == 0 && (p.x() == q.x() || p.y() == q.y()) && fillLine(p, q, color))
+    if (fill_ && style == 0 && (!svg_ || p.x() == q.x() || p.y() == q.y())) {
+      fillLine(p, q, color);
       return;
+    }
     if (color != color_ || style != style_)
       flush();
     color_ = color;
     style_ = style;
     run_.emplace_back(p, q);
+  }
+
+  // A text's corner on the pixel that holds it, where the other views put it.
+  QPointF onPixel(QPointF p) const {
+    if (!fill_ || svg_)
+      return p;
+    return {std::floor(p.x() + dx_) - dx_, std::floor(p.y() + dy_) - dy_};
   }
 
   void flush() {
@@ -117,28 +127,29 @@ public:
   }
 
 private:
-  // False for a line within one pixel, which the stroker draws its own way.
-  bool fillLine(QPointF p, QPointF q, zv::Color color) {
-    const double x1 = std::floor(std::min(p.x(), q.x()) + dx_);
-    const double x2 = std::floor(std::max(p.x(), q.x()) + dx_);
-    const double y1 = std::floor(std::min(p.y(), q.y()) + dy_);
-    const double y2 = std::floor(std::max(p.y(), q.y()) + dy_);
-    if (x1 == x2 && y1 == y2)
-      return false;
+  // The line's pixels as every platform's view draws them: a run of a row or
+  // a column is one fill.
+  void fillLine(QPointF p, QPointF q, zv::Color color) {
     flush();
+    const auto pixel = [](double v) { return static_cast<int>(std::floor(v)); };
+    for (const zv::PixelRun& run : zv::linePixels(pixel(p.x() + dx_), pixel(p.y() + dy_),
+                                                  pixel(q.x() + dx_), pixel(q.y() + dy_)))
+      fillPixels(QRect(QPoint(std::min(run.x1, run.x2), std::min(run.y1, run.y2)),
+                       QPoint(std::max(run.x1, run.x2), std::max(run.y1, run.y2))),
+                 color);
+  }
+
+  void fillPixels(QRect pixels, zv::Color color) {
     if (target_) {
-      write(QRect(QPoint(static_cast<int>(x1), static_cast<int>(y1)),
-                  QPoint(static_cast<int>(x2), static_cast<int>(y2))),
-            color);
-      return true;
+      write(pixels, color);
+      return;
     }
-    const QRectF pixels(x1 - dx_, y1 - dy_, x2 - x1 + 1, y2 - y1 + 1);
+    const QRectF at = QRectF(pixels).translated(-dx_, -dy_);
     // Whole-pixel rectangles take the painter's integer path, which is cheaper.
     if (whole_)
-      painter_.fillRect(pixels.toRect(), toQColor(color));
+      painter_.fillRect(at.toRect(), toQColor(color));
     else
-      painter_.fillRect(pixels, toQColor(color));
-    return true;
+      painter_.fillRect(at, toQColor(color));
   }
 
   // A painter fills a rectangle row by row, a call for each: a one-pixel
@@ -234,9 +245,9 @@ void paintCanvas(QPainter& painter, const zv::Canvas& canvas, double scale, QIma
     case zv::DrawOp::Kind::Print:
       lines.flush();
       if (target)
-        drawText(painter, *target, clip, a, op.text, toQColor(op.color));
+        drawText(painter, *target, clip, lines.onPixel(a), op.text, toQColor(op.color));
       else
-        drawText(painter, a, op.text, toQColor(op.color));
+        drawText(painter, lines.onPixel(a), op.text, toQColor(op.color));
       break;
     }
   }

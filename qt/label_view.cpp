@@ -114,9 +114,9 @@ void LabelView::fillEdge(QPainter& painter, const QColor& ink) {
   // width of 0, a pixel inside it.
   const QRect r = rect();
   painter.fillRect(QRect(r.left(), r.top(), r.width(), 1), ink);
+  painter.fillRect(QRect(r.right(), r.top(), 1, r.height()), ink);
   painter.fillRect(QRect(r.left(), r.bottom(), r.width(), 1), ink);
   painter.fillRect(QRect(r.left(), r.top(), 1, r.height()), ink);
-  painter.fillRect(QRect(r.right(), r.top(), 1, r.height()), ink);
 }
 
 void LabelView::paintCaption(QPainter& painter, const QColor& ink) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/controls/line_pixels.h"
 #include "platform/win/system_msgbox.h"
 
 namespace zvwin {
@@ -62,20 +63,12 @@ HFONT createFont(const Mapping& map) {
 
 void drawLine(HDC dc, const Mapping& map, double x1, double y1, double x2, double y2,
               zv::Color color) {
-  const int ax = map.x(x1), ay = map.y(y1), bx = map.x(x2), by = map.y(y2);
-  if (ax == bx || ay == by) {
-    // Along a row or a column the line is the filled run of its pixels.
-    const RECT r{std::min(ax, bx), std::min(ay, by), std::max(ax, bx) + 1, std::max(ay, by) + 1};
-    fill(dc, r, color);
-    return;
-  }
-  HPEN pen = CreatePen(PS_SOLID, 0, colorRef(color));
-  HGDIOBJ old = SelectObject(dc, pen);
-  MoveToEx(dc, ax, ay, nullptr);
-  LineTo(dc, bx, by);
-  SetPixelV(dc, bx, by, colorRef(color)); // GDI leaves the last pixel out
-  SelectObject(dc, old);
-  DeleteObject(pen);
+  // The pixels every platform's view gives the line, a run of a row or a column a fill.
+  for (const zv::PixelRun& run : zv::linePixels(map.x(x1), map.y(y1), map.x(x2), map.y(y2)))
+    fill(dc,
+         {std::min(run.x1, run.x2), std::min(run.y1, run.y2), std::max(run.x1, run.x2) + 1,
+          std::max(run.y1, run.y2) + 1},
+         color);
 }
 
 void drawOutline(HDC dc, const Mapping& map, double x1, double y1, double x2, double y2,
@@ -118,8 +111,8 @@ void paintCanvas(HDC dc, const Mapping& map, const zv::Canvas& canvas, HFONT fon
 
 void paintLabel(HDC dc, const Mapping& map, const zv::Label& label, HFONT font) {
   const Mapping at = map.shifted(label.Left(), label.Top());
+  // A label has no face of its own: what is behind it shows, as on Linux.
   const double w = label.Width(), h = label.Height(), pixel = 1 / at.scaleX;
-  fill(dc, at.fill(0, 0, w, h), kFace);
   const double b = label.BorderStyle() == 1 ? pixel : 0;
   if (b > 0)
     drawOutline(dc, at, 0, 0, w - pixel, h - pixel, zv::rgb(0, 0, 0));

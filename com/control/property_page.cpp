@@ -29,47 +29,7 @@ LPOLESTR taskCopy(const std::wstring& text) {
   return copy;
 }
 
-class PageFactory final : public IClassFactory {
-public:
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override {
-    if (!out)
-      return E_POINTER;
-    if (!IsEqualIID(iid, IID_IUnknown) && !IsEqualIID(iid, IID_IClassFactory)) {
-      *out = nullptr;
-      return E_NOINTERFACE;
-    }
-    *out = static_cast<IClassFactory*>(this);
-    AddRef();
-    return S_OK;
-  }
-  // References to the one factory keep the library loaded, as its objects do.
-  ULONG STDMETHODCALLTYPE AddRef() override {
-    objectCreated();
-    return 2;
-  }
-  ULONG STDMETHODCALLTYPE Release() override {
-    objectDestroyed();
-    return 1;
-  }
-  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** out) override {
-    if (!out)
-      return E_POINTER;
-    *out = nullptr;
-    return outer ? CLASS_E_NOAGGREGATION : PropertyPage::create(iid, out);
-  }
-  HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
-    lock ? objectCreated() : objectDestroyed();
-    return S_OK;
-  }
-};
-
-PageFactory factory;
-
 } // namespace
-
-HRESULT pageClassObject(REFIID iid, void** out) {
-  return factory.QueryInterface(iid, out);
-}
 
 void PropertyPage::Destroy::operator()(zv::PageObject* page) const {
   zelvor_destroy_page(page);

@@ -18,9 +18,6 @@ namespace zvcom {
 
 extern const CLSID CLSID_PwmPropertyPage;
 
-// The class object of the page class.
-HRESULT pageClassObject(REFIID iid, void** out);
-
 class PropertyPage final : public IPropertyPage2 {
 public:
   static HRESULT create(REFIID iid, void** out);

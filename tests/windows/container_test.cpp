@@ -62,15 +62,6 @@ Picture::~Picture() {
   DeleteObject(bitmap);
 }
 
-bool Picture::around(int x, int y, DWORD rgb) const {
-  for (int dy = -1; dy <= 1; ++dy)
-    for (int dx = -1; dx <= 1; ++dx)
-      if (x + dx >= 0 && y + dy >= 0 && x + dx < width && y + dy < height &&
-          at(x + dx, y + dy) == rgb)
-        return true;
-  return false;
-}
-
 bool Picture::save(const std::wstring& path) const {
   BITMAPFILEHEADER file{0x4d42, 0, 0, 0, sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER)};
   BITMAPINFOHEADER header{sizeof header, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};

@@ -34,8 +34,6 @@ struct Picture {
   Picture(const Picture&) = delete;
   Picture& operator=(const Picture&) = delete;
   DWORD at(int x, int y) const { return bits[y * width + x] & 0xffffff; }
-  // Whether the colour stands on the pixel or one of its neighbours.
-  bool around(int x, int y, DWORD rgb) const;
   bool save(const std::wstring& path) const; // as a BMP file
   int count(DWORD rgb) const;                // the pixels of that colour
 };

@@ -2,10 +2,12 @@
 # Runs the OLE container test on a virtual display of its own: starts Xvfb on a
 # free display number, registers the library in the private Wine prefix, runs
 # ole_container.exe and atl_container.exe (the system's ATL host), unregisters,
-# and stops Wine and Xvfb again. Fails when either container fails.
-# Usage: run-ole-container.sh WINE BUILD_DIR SOURCE_DIR
+# and stops Wine and Xvfb again. With the Linux build's panel_match, the
+# control's drawing is then compared with the Linux panel's. Fails when either
+# container or the comparison fails.
+# Usage: run-ole-container.sh WINE BUILD_DIR SOURCE_DIR [PANEL_MATCH]
 set -u
-wine=$1 build=$2 source=$3
+wine=$1 build=$2 source=$3 match=${4:-}
 export WINEPREFIX=$build/wine-prefix WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
 server=$(dirname "$(readlink -f "$wine")")/wineserver
 [ -x "$server" ] || server=wineserver
@@ -36,4 +38,10 @@ echo "--- the ATL host"
 "$wine" "$(winpath "$build/tests/atl_container.exe")" "$(winpath "$pictures")" 2>&1 | tr -d '\r'
 atl=${PIPESTATUS[0]}
 "$wine" regsvr32 /s /u "$ocx"
+if [ -n "$match" ]; then
+  (cd "$source" && "$match" tests/windows/drawn_state.zsc "$pictures/control-draw-ops.txt" \
+    "$pictures/control-draw.bmp" "$pictures") || rc=1
+else
+  echo "the drawing is not compared with the Linux panel's: no panel_match given"
+fi
 [ "$rc" -eq 0 ] && [ "$atl" -eq 0 ]
