@@ -18,13 +18,6 @@ HRESULT EventSource::QueryInterface(REFIID iid, void** out) {
   return S_OK;
 }
 
-ULONG EventSource::Release() {
-  const ULONG left = --references_;
-  if (!left)
-    delete this;
-  return left;
-}
-
 HRESULT EventSource::GetConnectionInterface(IID* iid) {
   if (!iid)
     return E_POINTER;

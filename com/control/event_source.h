@@ -10,12 +10,17 @@
 
 namespace zvcom {
 
+// A part of its control: references to it are the control's, so that a point
+// a container keeps keeps the control.
 class EventSource final : public IConnectionPoint {
 public:
   explicit EventSource(IConnectionPointContainer& owner) : owner_(owner) {}
+  ~EventSource() { disconnect(); }
+  EventSource(const EventSource&) = delete;
+  EventSource& operator=(const EventSource&) = delete;
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override;
+  ULONG STDMETHODCALLTYPE AddRef() override { return owner_.AddRef(); }
+  ULONG STDMETHODCALLTYPE Release() override { return owner_.Release(); }
   HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* iid) override;
   HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer** c) override;
   HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override;
@@ -25,9 +30,7 @@ public:
   void disconnect();
 
 private:
-  ~EventSource() { disconnect(); }
   IConnectionPointContainer& owner_;
-  ULONG references_ = 1;
   std::vector<IUnknown*> sinks_;
 };
 

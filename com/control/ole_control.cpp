@@ -1,6 +1,5 @@
 #include "ole_control.h"
 
-#include <new>
 
 #include "avr_pwm.h"
 #include "event_source.h"
@@ -24,10 +23,6 @@ OleControl::~OleControl() {
     adviseHolder_->Release();
   if (viewSink_)
     viewSink_->Release();
-  if (events_) {
-    events_->disconnect();
-    events_->Release();
-  }
 }
 
 void* OleControl::face(REFIID iid) {
@@ -189,19 +184,11 @@ HRESULT OleControl::GetGUID(DWORD kind, GUID* guid) {
   return S_OK;
 }
 
-EventSource* OleControl::events() {
-  if (!events_)
-    events_ = new (std::nothrow) EventSource(*this);
-  return events_;
-}
-
 HRESULT OleControl::EnumConnectionPoints(IEnumConnectionPoints** points) {
   if (!points)
     return E_POINTER;
   *points = nullptr;
-  if (!events())
-    return E_OUTOFMEMORY;
-  IConnectionPoint* point = events_;
+  IConnectionPoint* point = &events_;
   return enumeratePoints(static_cast<IConnectionPointContainer*>(this), &point, 1, points);
 }
 
@@ -211,10 +198,8 @@ HRESULT OleControl::FindConnectionPoint(REFIID iid, IConnectionPoint** point) {
   *point = nullptr;
   if (!IsEqualIID(iid, DIID___PWM))
     return CONNECT_E_NOCONNECTION;
-  if (!events())
-    return E_OUTOFMEMORY;
-  events_->AddRef();
-  *point = events_;
+  events_.AddRef();
+  *point = &events_;
   return S_OK;
 }
 

@@ -10,12 +10,12 @@
 
 #include <memory>
 
+#include "event_source.h"
 #include "win32/panel_window.h"
 
 namespace zvcom {
 
 class PwmObject;
-class EventSource;
 
 // What the control tells a container before it is loaded: recompose on resize,
 // can't link inside, inside-out, activate when visible, and the site first, so
@@ -117,8 +117,6 @@ private:
   // Tells the view's advise sink that the picture changed.
   void viewChanged();
   HRESULT activate(IOleClientSite* site, HWND parent, LPCRECT place);
-  // The event source, made at the first request; nullptr when out of memory.
-  EventSource* events();
 
   PwmObject& object_;
   bool painted_ = false;
@@ -127,7 +125,7 @@ private:
   DWORD viewAspects_ = 0, viewFlags_ = 0;
   IOleInPlaceSite* inPlaceSite_ = nullptr;
   std::unique_ptr<zvwin::PanelWindow> window_;
-  EventSource* events_ = nullptr;
+  EventSource events_{*this};
 };
 
 } // namespace zvcom

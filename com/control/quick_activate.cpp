@@ -21,8 +21,7 @@ HRESULT OleControl::QuickActivate(QACONTAINER* container, QACONTROL* control) {
     hr = SetAdvise(DVASPECT_CONTENT, 0, container->pAdviseSink);
   control->dwEventCookie = 0;
   if (SUCCEEDED(hr) && container->pUnkEventSink)
-    hr = events() ? events_->Advise(container->pUnkEventSink, &control->dwEventCookie)
-                  : E_OUTOFMEMORY;
+    hr = events_.Advise(container->pUnkEventSink, &control->dwEventCookie);
   control->dwPropNotifyCookie = 0; // no property notifies
   control->dwPointerActivationPolicy = 0;
   control->dwMiscStatus = kMiscStatus;
