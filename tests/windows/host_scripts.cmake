@@ -86,6 +86,8 @@ endif()
 
 file(GLOB scripts ${SOURCE}/tests/scripts/*.zsc ${SOURCE}/examples/*.zsc)
 set(failures "")
+# The scripts write their files there, on both hosts.
+file(MAKE_DIRECTORY ${SOURCE}/out/scripts ${SOURCE}/out/examples)
 foreach(script ${scripts})
   get_filename_component(name ${script} NAME_WE)
   get_filename_component(folder ${script} DIRECTORY)
@@ -99,7 +101,6 @@ foreach(script ${scripts})
   else()
     continue()
   endif()
-  file(MAKE_DIRECTORY ${SOURCE}/out/scripts ${SOURCE}/out/examples)
   execute_process(COMMAND ${WINE} ${HOST_EXE} run ${relative} WORKING_DIRECTORY ${SOURCE}
     OUTPUT_VARIABLE actual ERROR_VARIABLE errors)
   without_render("${expected}" expected)
