@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "canvas_view.h"
+#include "platform/controls/line_pixels.h"
 
 namespace zvqt {
 
@@ -35,13 +36,14 @@ void LineView::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), toQColor(line_.BorderColor()));
     return;
   }
-  painter.setRenderHint(QPainter::Antialiasing, false);
-  QPen pen(toQColor(line_.BorderColor()));
-  pen.setCosmetic(true);
-  painter.setPen(pen);
-  QPoint origin = pos();
-  painter.drawLine(QPoint(twipsToPixels(line_.X1()), twipsToPixels(line_.Y1())) - origin,
-                   QPoint(twipsToPixels(line_.X2()), twipsToPixels(line_.Y2())) - origin);
+  // A slanted line's pixels are those every platform's view gives it.
+  const QPoint origin = pos();
+  const QPoint a = QPoint(twipsToPixels(line_.X1()), twipsToPixels(line_.Y1())) - origin;
+  const QPoint b = QPoint(twipsToPixels(line_.X2()), twipsToPixels(line_.Y2())) - origin;
+  for (const zv::PixelRun& run : zv::linePixels(a.x(), a.y(), b.x(), b.y()))
+    painter.fillRect(QRect(QPoint(std::min(run.x1, run.x2), std::min(run.y1, run.y2)),
+                           QPoint(std::max(run.x1, run.x2), std::max(run.y1, run.y2))),
+                     toQColor(line_.BorderColor()));
 }
 
 } // namespace zvqt

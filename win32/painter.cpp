@@ -61,14 +61,22 @@ HFONT createFont(const Mapping& map) {
   return CreateFontIndirectW(&font);
 }
 
-void drawLine(HDC dc, const Mapping& map, double x1, double y1, double x2, double y2,
-              zv::Color color) {
-  // The pixels every platform's view gives the line, a run of a row or a column a fill.
-  for (const zv::PixelRun& run : zv::linePixels(map.x(x1), map.y(y1), map.x(x2), map.y(y2)))
+namespace {
+
+// The pixels every platform's view gives a line, a run of a row or a column a fill.
+void fillLinePixels(HDC dc, int ax, int ay, int bx, int by, zv::Color color) {
+  for (const zv::PixelRun& run : zv::linePixels(ax, ay, bx, by))
     fill(dc,
          {std::min(run.x1, run.x2), std::min(run.y1, run.y2), std::max(run.x1, run.x2) + 1,
           std::max(run.y1, run.y2) + 1},
          color);
+}
+
+} // namespace
+
+void drawLine(HDC dc, const Mapping& map, double x1, double y1, double x2, double y2,
+              zv::Color color) {
+  fillLinePixels(dc, map.x(x1), map.y(y1), map.x(x2), map.y(y2), color);
 }
 
 void drawOutline(HDC dc, const Mapping& map, double x1, double y1, double x2, double y2,
@@ -126,7 +134,9 @@ void paintLabel(HDC dc, const Mapping& map, const zv::Label& label, HFONT font) 
 }
 
 void paintLine(HDC dc, const Mapping& map, const zv::Line& line) {
-  drawLine(dc, map, line.X1(), line.Y1(), line.X2(), line.Y2(), line.BorderColor());
+  // A line control's ends are placed like a control's corners: to the nearest pixel.
+  const RECT ends = map.fill(line.X1(), line.Y1(), line.X2(), line.Y2());
+  fillLinePixels(dc, ends.left, ends.top, ends.right, ends.bottom, line.BorderColor());
 }
 
 void paintPanel(HDC dc, const Mapping& map, const zv::UserControlSurface& surface,
