@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include <vector>
 
 #include "platform/controls/widgets.h"
@@ -16,6 +18,26 @@ std::string windowText(HWND window) {
   std::vector<wchar_t> buffer(static_cast<size_t>(length) + 1);
   GetWindowTextW(window, buffer.data(), length + 1);
   return zv::narrowTo1252(buffer.data(), static_cast<size_t>(length));
+}
+
+// How wide a text is in the window's font.
+int textWidth(HWND window, const std::string& text) {
+  const std::wstring wide = zv::wideFrom1252(text);
+  HDC dc = GetDC(window);
+  HGDIOBJ old = SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageW(window, WM_GETFONT, 0, 0)));
+  SIZE size{};
+  GetTextExtentPoint32W(dc, wide.c_str(), static_cast<int>(wide.size()), &size);
+  SelectObject(dc, old);
+  ReleaseDC(window, dc);
+  return size.cx;
+}
+
+// The window's place in its parent's client area.
+RECT placeInParent(HWND window) {
+  RECT r;
+  GetWindowRect(window, &r);
+  MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&r), 2);
+  return r;
 }
 
 HWND child(const ViewPlace& place, const wchar_t* cls, DWORD style, DWORD exStyle = 0) {
@@ -57,21 +79,13 @@ private:
   // The twips were laid out for a narrower font: a prompt grows to its left,
   // towards the space before it, rather than wrapping out of sight.
   void fitPrompt(const std::string& caption) {
-    const std::wstring text = zv::wideFrom1252(caption);
-    HDC dc = GetDC(window_);
-    HGDIOBJ old =
-        SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageW(window_, WM_GETFONT, 0, 0)));
-    SIZE need{};
-    GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &need);
-    SelectObject(dc, old);
-    ReleaseDC(window_, dc);
-    RECT r;
-    GetWindowRect(window_, &r);
-    MapWindowPoints(nullptr, GetParent(window_), reinterpret_cast<POINT*>(&r), 2);
-    if (need.cx + 2 > r.right - r.left)
-      SetWindowPos(window_, nullptr, std::max(0L, r.right - need.cx - 2), r.top,
-                   r.right - std::max(0L, r.right - need.cx - 2), r.bottom - r.top,
+    const int need = textWidth(window_, caption) + 2;
+    const RECT r = placeInParent(window_);
+    if (need > r.right - r.left) {
+      const LONG left = std::max(0L, r.right - need);
+      SetWindowPos(window_, nullptr, left, r.top, r.right - left, r.bottom - r.top,
                    SWP_NOZORDER | SWP_NOACTIVATE);
+    }
   }
   zv::Label& label_;
 };
@@ -108,9 +122,22 @@ private:
   void sync() override {
     ControlView::sync();
     showText(box_.Caption());
+    fitCaption();
     static const WPARAM states[] = {BST_UNCHECKED, BST_CHECKED, BST_INDETERMINATE};
     const int value = box_.Value();
     SendMessageW(window_, BM_SETCHECK, value >= 0 && value <= 2 ? states[value] : BST_UNCHECKED, 0);
+  }
+  // The twips were laid out for a narrower font: a check box grows to its
+  // right, within its parent, rather than cutting its caption short.
+  void fitCaption() {
+    const int need = textWidth(window_, box_.Caption()) + GetSystemMetrics(SM_CXMENUCHECK) + 8;
+    const RECT r = placeInParent(window_);
+    RECT room;
+    GetClientRect(GetParent(window_), &room);
+    const int width = std::min<int>(need, room.right - r.left);
+    if (width > r.right - r.left)
+      SetWindowPos(window_, nullptr, 0, 0, width, r.bottom - r.top,
+                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   }
   zv::CheckBox& box_;
 };
