@@ -3,8 +3,10 @@
 // writes down each drawing operation, and compares those operations and the
 // rendered pixels with what the control drew through IViewObject::Draw (the
 // operations read back from its metafile, the pixels from its memory bitmap).
-// Usage: panel_match SCRIPT WINDOWS_OPS WINDOWS_BMP OUT_FOLDER
-//        panel_match SCRIPT - - OUT_FOLDER   (writes the Linux side only)
+// Usage: panel_match SCRIPT WINDOWS_OPS WINDOWS_BMP OUT_PREFIX
+//        panel_match SCRIPT - - OUT_PREFIX   (writes the Linux side only)
+// It writes OUT_PREFIX-linux.png, OUT_PREFIX-linux-ops.txt and
+// OUT_PREFIX-differences.png (what differs, in magenta; in a text, orange).
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPaintEngine>
@@ -147,7 +149,7 @@ DrawOpList recordPanel(zv::ComponentObject& component) {
 
 int main(int argc, char** argv) {
   if (argc != 5) {
-    std::fprintf(stderr, "usage: panel_match SCRIPT WINDOWS_OPS WINDOWS_BMP OUT_FOLDER\n");
+    std::fprintf(stderr, "usage: panel_match SCRIPT WINDOWS_OPS WINDOWS_BMP OUT_PREFIX\n");
     return 2;
   }
   std::string error;
@@ -168,13 +170,13 @@ int main(int argc, char** argv) {
   zv::ComponentObject& component = *runner.current()->inProcess();
   const std::string out = argv[4];
   // The host's own picture first: it starts the offscreen application.
-  if (!zvhost::renderPanel(component, out + "/linux-draw.png", error)) {
+  if (!zvhost::renderPanel(component, out + "-linux.png", error)) {
     std::fprintf(stderr, "panel_match: %s\n", error.c_str());
     return 1;
   }
   const DrawOpList linux = recordPanel(component);
   const QImage rendered = zvhost::panelImage(component);
-  std::ofstream(out + "/linux-ops.txt") << linux.str();
+  std::ofstream(out + "-linux-ops.txt") << linux.str();
   if (std::string(argv[2]) == "-")
     return 0;
 
@@ -209,7 +211,7 @@ int main(int argc, char** argv) {
       (inText ? differInText : differ) += 1;
       marks.setPixel(x, y, inText ? qRgb(255, 128, 0) : qRgb(255, 0, 255));
     }
-  marks.save(QString::fromStdString(out + "/draw-differences.png"));
+  marks.save(QString::fromStdString(out + "-differences.png"));
   check(differ == 0, "the pixels are the Linux render's outside the texts (" +
                          std::to_string(differ) + " differ; " + std::to_string(differInText) +
                          " inside the texts)");

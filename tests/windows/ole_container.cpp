@@ -77,33 +77,38 @@ void simulate(IUnknown* control, const std::wstring& device) {
   v4->Release();
 }
 
-void testDrawing(IUnknown* control, const std::wstring& pictures) {
+// Draws the control at 15 twips to the pixel, as the Linux panel is drawn,
+// into a memory bitmap (NAME.bmp) and a metafile whose operations are written
+// down (NAME-ops.txt); the Linux side compares both with its own. Answers
+// the extent.
+SIZEL drawForComparison(IUnknown* control, const std::wstring& pictures, const std::wstring& name) {
   IViewObject2* view = as<IViewObject2>(control, IID_IViewObject2);
   SIZEL himetric{};
-  check(view && SUCCEEDED(view->GetExtent(DVASPECT_CONTENT, -1, nullptr, &himetric)) &&
-            himetric.cx == 4419 && himetric.cy == 6668,
-        "the extent is the panel's 2505 x 3780 twips of two channels");
-  // At 15 twips to the pixel, as the Linux panel is drawn; the Linux side
-  // compares the picture and the metafile's operations with its own.
-  Picture picture(167, 252);
+  check(view && SUCCEEDED(view->GetExtent(DVASPECT_CONTENT, -1, nullptr, &himetric)),
+        narrow(name) + ": the extent");
+  if (!view)
+    return himetric;
+  const auto pixels = [](LONG himetric) { return static_cast<int>(himetric * 1440L / 2540 / 15); };
+  Picture picture(pixels(himetric.cx), pixels(himetric.cy));
   RECTL bounds{0, 0, picture.width, picture.height};
   check(view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, picture.dc, &bounds, nullptr,
                    nullptr, 0) == S_OK &&
-            picture.save(pictures + L"\\control-draw.bmp"),
-        "Draw into a memory bitmap");
+            picture.save(pictures + L"\\" + name + L".bmp"),
+        narrow(name) + ": Draw into a memory bitmap");
   HDC meta = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
   check(view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, meta, &bounds, nullptr, nullptr,
                    0) == S_OK,
-        "Draw into a metafile");
+        narrow(name) + ": Draw into a metafile");
   HENHMETAFILE recorded = CloseEnhMetaFile(meta);
   const std::string ops = metafileOps(recorded).str();
   DeleteEnhMetaFile(recorded);
-  FILE* out = _wfopen((pictures + L"\\control-draw-ops.txt").c_str(), L"wb");
-  check(out && std::fwrite(ops.data(), 1, ops.size(), out) == ops.size() && ops.size() > 1000,
-        "the metafile's drawing operations written down");
+  FILE* out = _wfopen((pictures + L"\\" + name + L"-ops.txt").c_str(), L"wb");
+  check(out && std::fwrite(ops.data(), 1, ops.size(), out) == ops.size() && ops.size() > 500,
+        narrow(name) + ": the metafile's drawing operations written down");
   if (out)
     std::fclose(out);
   view->Release();
+  return himetric;
 }
 
 HRESULT saveTo(IUnknown* control, Bag& bag) {
@@ -370,8 +375,19 @@ int main() {
     IPersistPropertyBag* persist = as<IPersistPropertyBag>(control, IID_IPersistPropertyBag);
     check(persist->InitNew() == S_OK, "InitNew");
     persist->Release();
+    {
+      IUnknown* fresh = newControl(site);
+      IPersistPropertyBag* init = as<IPersistPropertyBag>(fresh, IID_IPersistPropertyBag);
+      check(init && init->InitNew() == S_OK, "a second control, new");
+      if (init)
+        init->Release();
+      drawForComparison(fresh, argv[2], L"control-new");
+      fresh->Release();
+    }
     simulate(control, argv[1]);
-    testDrawing(control, argv[2]);
+    const SIZEL extent = drawForComparison(control, argv[2], L"control-draw");
+    check(extent.cx == 4419 && extent.cy == 6668,
+          "the extent is the panel's 2505 x 3780 twips of two channels");
     IOleObject* ole = as<IOleObject>(control, IID_IOleObject);
     check(ole->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, &site, 0, window, &site.place) == S_OK,
           "in-place activation in the container's window");

@@ -39,8 +39,11 @@ echo "--- the ATL host"
 atl=${PIPESTATUS[0]}
 "$wine" regsvr32 /s /u "$ocx"
 if [ -n "$match" ]; then
-  (cd "$source" && "$match" tests/windows/drawn_state.zsc "$pictures/control-draw-ops.txt" \
-    "$pictures/control-draw.bmp" "$pictures") || rc=1
+  for name in control-draw control-new; do
+    echo "--- $name compared with the Linux panel"
+    (cd "$source" && "$match" "tests/windows/$name.zsc" "$pictures/$name-ops.txt" \
+      "$pictures/$name.bmp" "$pictures/$name") || rc=1
+  done
 else
   echo "the drawing is not compared with the Linux panel's: no panel_match given"
 fi
