@@ -15,7 +15,6 @@
 #include <cmath>
 #include <cstdio>
 #include <fstream>
-#include <iostream>
 #include <sstream>
 
 #include "draw_ops.h"
@@ -174,9 +173,9 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "panel_match: %s\n", error.c_str());
     return 1;
   }
-  const DrawOpList linux = recordPanel(component);
+  const DrawOpList qtOps = recordPanel(component);
   const QImage rendered = zvhost::panelImage(component);
-  std::ofstream(out + "-linux-ops.txt") << linux.str();
+  std::ofstream(out + "-linux-ops.txt") << qtOps.str();
   if (std::string(argv[2]) == "-")
     return 0;
 
@@ -188,8 +187,8 @@ int main(int argc, char** argv) {
   std::ifstream windowsOps(argv[2]);
   std::stringstream text;
   text << windowsOps.rdbuf();
-  const DrawOpList windows = DrawOpList::parse(text.str());
-  const std::string difference = zvtest::firstDifference(windows, linux);
+  const DrawOpList gdiOps = DrawOpList::parse(text.str());
+  const std::string difference = zvtest::firstDifference(gdiOps, qtOps);
   check(windowsOps && difference.empty(),
         "the drawing operations are the Linux panel's" +
             (difference.empty() ? std::string() : ": " + difference));
@@ -207,7 +206,7 @@ int main(int argc, char** argv) {
     for (int x = 0; x < drawn.width(); ++x) {
       if (drawn.pixel(x, y) == expected.pixel(x, y))
         continue;
-      const bool inText = windows.inText(x, y) || linux.inText(x, y);
+      const bool inText = gdiOps.inText(x, y) || qtOps.inText(x, y);
       (inText ? differInText : differ) += 1;
       marks.setPixel(x, y, inText ? qRgb(255, 128, 0) : qRgb(255, 0, 255));
     }
