@@ -1,6 +1,5 @@
 #include "ole_control.h"
 
-
 #include "avr_pwm.h"
 #include "event_source.h"
 #include "property_page.h"
