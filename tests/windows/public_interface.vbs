@@ -56,3 +56,21 @@ o.setupAPin a : Answer Empty
 o.NoSuchMember : Answer Empty
 r = Empty : r = o.NoSuchProperty : Answer r
 r = Empty : r = o.IZelvorComponentV4_VNodeCount : Answer r
+r = Empty : r = o.iVersionMajor : Answer r
+o.iVersionMajor = 4 : Answer Empty
+r = Empty : r = o.iVersionMajor : Answer r
+o.Prescaler = 64 : Answer Empty
+r = Empty : r = o.Prescaler : Answer r
+o.PWM_No = 5 : Answer Empty
+r = Empty : r = o.PWM_No : Answer r
+o.MaxPwm = 7 : Answer Empty
+r = Empty : r = o.MaxPwm : Answer r
+o.HasAltPin = 1 : Answer Empty
+r = Empty : r = o.HasAltPin : Answer r
+o.ShowSim = True : Answer Empty
+r = Empty : r = o.ShowSim : Answer r
+o.Label1 = "Motor" : Answer Empty
+r = Empty : r = o.Label1 : Answer r
+r = Empty : r = o.GetIniKeyValue("settings", "DESCRIPTION", "") : Answer r
+r = Empty : r = o.IZelvorComponentV4_VNodeProtocol(7) : Answer r
+r = Empty : r = o.IZelvorComponentV4_VNodeName(1) : Answer r
