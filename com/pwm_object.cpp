@@ -1,25 +1,16 @@
 #include "pwm_object.h"
 
 #include "diagnostics.h"
-#include "platform/library.h"
 #include "server.h"
 #include "zelvor/plugin.h"
 
 namespace zvcom {
 
-namespace {
-
-std::string libraryBaseName() {
-  return zv::libraryFactsOf(reinterpret_cast<const void*>(&modulePath)).baseName;
-}
-
-} // namespace
-
 void PwmObject::Destroy::operator()(zv::ComponentObject* c) const {
   zelvor_destroy_component(c);
 }
 
-PwmObject::PwmObject() : boxes_(libraryBaseName()) {
+PwmObject::PwmObject() {
   objectCreated();
 }
 

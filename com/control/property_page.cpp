@@ -5,9 +5,7 @@
 #include <prsht.h>
 
 #include "failure.h"
-#include "platform/library.h"
 #include "server.h"
-#include "type_info.h"
 #include "zelvor/plugin.h"
 
 namespace zvcom {
@@ -17,10 +15,6 @@ const CLSID CLSID_PwmPropertyPage = {
     0x6a1e53c0, 0x3f2b, 0x4c8e, {0x9d, 0x1a, 0x2b, 0x7c, 0x4e, 0x5f, 0x6a, 0x20}};
 
 namespace {
-
-std::string libraryBaseName() {
-  return zv::libraryFactsOf(reinterpret_cast<const void*>(&modulePath)).baseName;
-}
 
 LPOLESTR taskCopy(const std::wstring& text) {
   auto* copy = static_cast<LPOLESTR>(CoTaskMemAlloc((text.size() + 1) * sizeof(wchar_t)));
@@ -35,7 +29,7 @@ void PropertyPage::Destroy::operator()(zv::PageObject* page) const {
   zelvor_destroy_page(page);
 }
 
-PropertyPage::PropertyPage() : boxes_(libraryBaseName()) {
+PropertyPage::PropertyPage() {
   objectCreated();
 }
 
