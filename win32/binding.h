@@ -10,7 +10,7 @@
 #include <string>
 
 #include "platform/controls/control.h"
-#include "platform/errors.h"
+#include "platform/funnel.h"
 
 namespace zvwin {
 
@@ -33,13 +33,9 @@ void setErrorReporter(ErrorReporter reporter);
 void reportError(int number, const std::string& description);
 
 template <class Action> void runUserAction(Action&& action) noexcept {
-  try {
-    action();
-  } catch (const zv::RuntimeError& e) {
-    reportError(e.number(), e.description());
-  } catch (...) {
-    reportError(51, zv::errorDescription(51));
-  }
+  const zv::Status status = zv::guard(action);
+  if (!status.ok())
+    reportError(status.number, status.description);
 }
 
 // Pixels per twip at a window's DPI.
