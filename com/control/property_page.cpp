@@ -5,6 +5,7 @@
 #include <prsht.h>
 
 #include "failure.h"
+#include "platform/win/system_msgbox.h"
 #include "server.h"
 #include "zelvor/plugin.h"
 
@@ -160,7 +161,7 @@ HRESULT PropertyPage::GetPageInfo(PROPPAGEINFO* info) {
     return E_POINTER;
   const std::string caption = page_->caption();
   info->cb = sizeof *info;
-  info->pszTitle = taskCopy(std::wstring(caption.begin(), caption.end()));
+  info->pszTitle = taskCopy(zv::wideFrom1252(caption));
   info->size = zvwin::PageWindow::pixelSize(*page_, nullptr);
   info->pszDocString = nullptr;
   info->pszHelpFile = nullptr;
