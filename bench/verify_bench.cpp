@@ -105,70 +105,65 @@ Desk& desk() {
   return *d;
 }
 
+// Five clicks or tool runs, each timed by the body in wall-clock time: the
+// work waits on other processes.
+template <class Body> void addWallClock(const char* name, Body body) {
+  add(name,
+      [body](benchmark::State& state) {
+        body(state, desk());
+        state.counters["wall"] = 1;
+      })
+      ->UseManualTime()
+      ->Unit(benchmark::kMillisecond)
+      ->Iterations(5);
+}
+
 } // namespace
 
 void registerVerify() {
-  add("VerifyOnChip",
-      [](benchmark::State& state) {
-        Desk& d = desk();
-        // Where the time goes, in milliseconds per click: the steps verify
-        // times itself, and the rest (HEX and size report waited for, JSON
-        // read, traces painted).
-        double generate = 0, compile = 0, simulate = 0, rest = 0;
-        for (auto _ : state) {
-          const Clock::time_point t = Clock::now();
-          const zvhost::Verification& v = d.click();
-          const double total = seconds(t);
-          state.SetIterationTime(total);
-          generate += v.generateMs;
-          compile += v.compileMs;
-          simulate += v.simulateMs;
-          rest += total * 1e3 - v.generateMs - v.compileMs - v.simulateMs;
-        }
-        const double n = static_cast<double>(state.iterations());
-        state.counters["generate_ms"] = generate / n;
-        state.counters["compile_ms"] = compile / n;
-        state.counters["simulate_ms"] = simulate / n;
-        state.counters["rest_ms"] = rest / n;
-        state.counters["wall"] = 1;
-      })
-      ->UseManualTime()
-      ->Unit(benchmark::kMillisecond)
-      ->Iterations(5);
-  add("AvrGccSimavr",
-      [](benchmark::State& state) {
-        Desk& d = desk();
-        const zvhost::Verification v = d.click();
-        for (auto _ : state) {
-          const Clock::time_point t = Clock::now();
-          toolsAlone(v, d.scratch.path());
-          state.SetIterationTime(seconds(t));
-        }
-        state.counters["wall"] = 1;
-      })
-      ->UseManualTime()
-      ->Unit(benchmark::kMillisecond)
-      ->Iterations(5);
+  addWallClock("VerifyOnChip", [](benchmark::State& state, Desk& d) {
+    // Where the time goes, in milliseconds per click: the steps verify
+    // times itself, and the rest (HEX and size report waited for, JSON
+    // read, traces painted).
+    double generate = 0, compile = 0, simulate = 0, rest = 0;
+    for (auto _ : state) {
+      const Clock::time_point t = Clock::now();
+      const zvhost::Verification& v = d.click();
+      const double total = seconds(t);
+      state.SetIterationTime(total);
+      generate += v.generateMs;
+      compile += v.compileMs;
+      simulate += v.simulateMs;
+      rest += total * 1e3 - v.generateMs - v.compileMs - v.simulateMs;
+    }
+    const double n = static_cast<double>(state.iterations());
+    state.counters["generate_ms"] = generate / n;
+    state.counters["compile_ms"] = compile / n;
+    state.counters["simulate_ms"] = simulate / n;
+    state.counters["rest_ms"] = rest / n;
+  });
+  addWallClock("AvrGccSimavr", [](benchmark::State& state, Desk& d) {
+    const zvhost::Verification v = d.click();
+    for (auto _ : state) {
+      const Clock::time_point t = Clock::now();
+      toolsAlone(v, d.scratch.path());
+      state.SetIterationTime(seconds(t));
+    }
+  });
   // Both in turn, so that the ratio comes from one stretch of the machine's load.
-  add("VerifyOnChip/AvrGccSimavr",
-      [](benchmark::State& state) {
-        Desk& d = desk();
-        double alone = 0, verify = 0;
-        for (auto _ : state) {
-          Clock::time_point t = Clock::now();
-          const zvhost::Verification& v = d.click();
-          verify += seconds(t);
-          t = Clock::now();
-          toolsAlone(v, d.scratch.path());
-          alone += seconds(t);
-          state.SetIterationTime(seconds(t));
-        }
-        state.counters["ratio"] = alone > 0 ? verify / alone : 0;
-        state.counters["wall"] = 1;
-      })
-      ->UseManualTime()
-      ->Unit(benchmark::kMillisecond)
-      ->Iterations(5);
+  addWallClock("VerifyOnChip/AvrGccSimavr", [](benchmark::State& state, Desk& d) {
+    double alone = 0, verify = 0;
+    for (auto _ : state) {
+      Clock::time_point t = Clock::now();
+      const zvhost::Verification& v = d.click();
+      verify += seconds(t);
+      t = Clock::now();
+      toolsAlone(v, d.scratch.path());
+      alone += seconds(t);
+      state.SetIterationTime(seconds(t));
+    }
+    state.counters["ratio"] = alone > 0 ? verify / alone : 0;
+  });
 }
 
 } // namespace zvbench

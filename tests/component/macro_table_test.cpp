@@ -13,22 +13,13 @@ std::vector<std::string> texts(const zv::Variant& v) {
 }
 
 // Enable: private, no return; GetDuty: a function; Set: "Void" is no "void",
-// and its second parameter is missing.
-const std::vector<std::string> kMacroFile{"[MacroNames]",
-                                          "Count=3",
-                                          "1=Enable",
-                                          "2=GetDuty",
-                                          "3=Set",
-                                          "[MacroReturns]",
-                                          "2=char",
-                                          "3=Void",
-                                          "[MacroIsPrivate]",
-                                          "1=1",
-                                          "[MacroParameters_Set]",
-                                          "Count=2",
-                                          "1=Channel",
-                                          "[MacroParamTypes_Set]",
-                                          "1=BYTE"};
+// and its second parameter is missing. A section a line.
+const std::vector<std::string> kMacroFile{
+    "[MacroNames]",          "Count=3", "1=Enable",  "2=GetDuty", "3=Set", //
+    "[MacroReturns]",        "2=char",  "3=Void",                          //
+    "[MacroIsPrivate]",      "1=1",                                        //
+    "[MacroParameters_Set]", "Count=2", "1=Channel",                       //
+    "[MacroParamTypes_Set]", "1=BYTE"};
 
 TEST_F(ComponentTest, MacroTableIsBuiltByZelvorVersionAndARebuildWithoutMacrosKeepsItsRecords) {
   auto pwm = createWith(kMacroFile);

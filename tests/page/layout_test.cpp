@@ -23,14 +23,5 @@ TEST(PageLayout, KeyboardOrderAmongFocusableControls) {
                                              "txt_Pr2", "cboClockSource", "chkShowSim"}));
 }
 
-// What the page shows before a selection is pinned by the page script.
-TEST(PageStartUp, RunsTheChainsOfItsDefaults) {
-  PageTest t;
-  EXPECT_TRUE(t.page.site().Changed());
-  // The bar's chain runs twice, the list's Click once.
-  EXPECT_EQ(t.page.calcRuns, 3);
-  EXPECT_TRUE(t.boxes.texts.empty());
-}
-
 } // namespace
 } // namespace zv::test

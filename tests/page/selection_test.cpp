@@ -82,20 +82,6 @@ TEST(Enabling, FollowsChannelsAndAlternativePinAtEverySelection) {
   }
 }
 
-TEST(Selection, SeveralSelectedReadsAndWritesOnlyTheFirst) {
-  PageTest t;
-  FakeComponent second;
-  Device{}.fill(second);
-  Device{}.fill(t.component);
-  t.page.site().SelectedControls = {&t.component, &second};
-  ASSERT_TRUE(t.page.PropertyPage_SelectionChanged().ok());
-  ASSERT_TRUE(t.page.PropertyPage_ApplyChanges().ok());
-  EXPECT_EQ(t.component.reads.size(), 10u); // MaxPwm twice
-  EXPECT_EQ(t.component.writes.size(), 6u);
-  EXPECT_TRUE(second.reads.empty());
-  EXPECT_TRUE(second.writes.empty());
-}
-
 TEST(Apply, WritesSixPropertiesInOrderEvenWhenNothingIsEnabled) {
   PageTest t;
   Device d;

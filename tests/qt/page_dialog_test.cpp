@@ -2,7 +2,6 @@
 // script's edit, and Apply follows the site's Changed flag.
 #include <QCheckBox>
 #include <QLineEdit>
-#include <QScrollBar>
 #include <QTest>
 #include <functional>
 #include <gtest/gtest.h>
@@ -42,18 +41,6 @@ protected:
   std::unique_ptr<zvqt::PageDialog> dialog;
   QLineEdit* pr2 = nullptr;
 };
-
-TEST_F(PageDialogTest, TypingAnOutOfRangeRegisterBringsTheMessageAndLeavesZero) {
-  clearRegister();
-  QTest::keyClicks(pr2, "300");
-  EXPECT_EQ(boxes.texts,
-            std::vector<std::string>{" Invalid Data ...\r\n Data range between 0 and 255"});
-  EXPECT_EQ(pr2->text(), "0");
-  EXPECT_EQ(static_cast<zv::TextBox*>(page->control("txt_Pr2"))->Text(), "0");
-  auto* bar = qobject_cast<QScrollBar*>(dialog->pageWidget()->viewOf("VScroll1"));
-  ASSERT_TRUE(bar);
-  EXPECT_EQ(bar->value(), 255);
-}
 
 TEST_F(PageDialogTest, ApplyIsEnabledExactlyWhileChanged) {
   auto* showSim = qobject_cast<QCheckBox*>(dialog->pageWidget()->viewOf("chkShowSim"));

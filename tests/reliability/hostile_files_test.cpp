@@ -182,20 +182,5 @@ TEST_F(Hostile, BagWith100000KeysAndLabelsOf1MiB) {
   EXPECT_EQ(saved.entries().size(), 11u);
 }
 
-// A value that doesn't fit its key fails the load there, the keys before it applied.
-TEST_F(Hostile, BagValueOfTheWrongTypeFailsAtItsKey) {
-  auto pwm = createWith({});
-  zv::PropertyBag bag;
-  bag.WriteProperty("Pr2", zv::Variant::i2(9));
-  bag.WriteProperty("Prescaler", zv::Variant::i2(8));
-  bag.WriteProperty("PWM_No", zv::Variant::i4(70000));
-  bag.WriteProperty("Label1", zv::Variant::str("never"));
-  pwm->sLabel1 = "kept";
-  EXPECT_EQ(pwm->ReadProperties(bag).number, int{zv::errOverflow});
-  EXPECT_EQ(pwm->iPr2, 9);
-  EXPECT_EQ(pwm->iPrescaler, 8);
-  EXPECT_EQ(pwm->sLabel1, "kept");
-}
-
 } // namespace
 } // namespace zvtest

@@ -12,15 +12,10 @@
 
 namespace {
 
-zv::Variant params(std::initializer_list<int16_t> values) {
-  zv::SafeArray a(zv::VarType::Variant, 0, static_cast<int32_t>(values.size()) - 1);
-  int32_t i = 0;
-  for (int16_t v : values)
-    a.set(i++, zv::Variant::i2(v));
-  return zv::Variant::array(std::move(a));
-}
+using V = zv::Variant;
 
-zv::Variant list(std::vector<zv::Variant> items) {
+// A zero-based array of Variant.
+V list(std::vector<V> items) {
   zv::SafeArray a(zv::VarType::Variant, 0, static_cast<int32_t>(items.size()) - 1);
   for (size_t i = 0; i < items.size(); ++i)
     a.set(static_cast<int32_t>(i), items[i]);
@@ -32,10 +27,10 @@ TEST(LateBoundComponent, generates_the_program_that_the_object_itself_gives) {
   zvhost::LateBoundComponent late(handle);
   ASSERT_TRUE(late.StartSimulation().ok());
   const std::vector<zvhost::MacroCall> calls{{0, {1}}, {2, {1, 64}}};
-  const zv::Variant args[] = {params({1}), params({1, 64})};
+  const V args[] = {list({V::i2(1)}), list({V::i2(1), V::i2(64)})};
   for (size_t i = 0; i < calls.size(); ++i) {
     int32_t retVal = 0, cycles = 0;
-    zv::Variant affected;
+    V affected;
     ASSERT_TRUE(late.SimMacroCall(calls[i].macroId, args[i], retVal, affected, cycles).ok());
   }
   std::string direct, named, error;
@@ -46,46 +41,31 @@ TEST(LateBoundComponent, generates_the_program_that_the_object_itself_gives) {
 }
 
 TEST(DiagnosticViews, a_tree_of_another_shape_is_a_type_mismatch) {
-  using zv::Variant;
-  const std::vector<std::function<void()>> reads{
-      [] { zvhost::fieldsFrom(Variant::i2(1)); },
-      [] {
-        zvhost::fieldsFrom(list({Variant::i2(7), Variant()}));
-      },
-      [] {
-        zvhost::fieldsFrom(list({Variant::i2(3), list({Variant::i2(1), Variant()})}));
-      },
-      [] {
-        zvhost::panelFrom(list({Variant::r4(1), Variant::r4(2)}));
-      },
-      [] {
-        zvhost::panelFrom(list({Variant::r8(1), Variant::r4(2), Variant::i4(1), list({})}));
-      },
-      [] {
-        zvhost::canvasFrom(list({Variant::r4(1), Variant::r4(2), Variant::str("x"), list({})}));
-      },
-      [] { zvhost::pageFrom(list({})); },
-      [] { zvhost::controlKindFrom(6); },
-      [] {
-        zv::PropertyBag bag;
-        zvcom::fillBag(list({Variant::str("A"), Variant::i2(1)}), list({Variant(), Variant()}),
-                       bag);
-      },
-      [] {
-        zv::PropertyBag bag;
-        zvcom::fillBag(list({Variant::str("A")}), list({}), bag);
-      },
+  const auto mismatch = [](const std::function<void()>& read) {
+    return zvtest::errorOf(read) == zv::errTypeMismatch;
   };
-  for (size_t i = 0; i < reads.size(); ++i)
-    EXPECT_EQ(zvtest::errorOf(reads[i]), zv::errTypeMismatch) << "read " << i;
-  EXPECT_FALSE(zvhost::canvasFrom(Variant()));
+  for (const V& tree : {V::i2(1), list({V::i2(7), V()}), list({V::i2(3), list({V::i2(1), V()})})})
+    EXPECT_TRUE(mismatch([&] { zvhost::fieldsFrom(tree); })) << "fields";
+  for (const V& tree : {list({V::r4(1), V::r4(2)}), list({V::r8(1), V::r4(2), V::i4(1), list({})})})
+    EXPECT_TRUE(mismatch([&] { zvhost::panelFrom(tree); })) << "panel";
+  EXPECT_TRUE(mismatch([] {
+    zvhost::canvasFrom(list({V::r4(1), V::r4(2), V::str("x"), list({})}));
+  }));
+  EXPECT_TRUE(mismatch([] { zvhost::pageFrom(list({})); }));
+  EXPECT_TRUE(mismatch([] { zvhost::controlKindFrom(6); }));
+  zv::PropertyBag bag;
+  EXPECT_TRUE(mismatch([&] {
+    zvcom::fillBag(list({V::str("A"), V::i2(1)}), list({V(), V()}), bag);
+  }));
+  EXPECT_TRUE(mismatch([&] { zvcom::fillBag(list({V::str("A")}), list({}), bag); }));
+  EXPECT_FALSE(zvhost::canvasFrom(V()));
 }
 
 TEST(DiagnosticTrees, a_bag_goes_as_two_arrays_and_comes_back_in_its_order) {
   zv::PropertyBag bag, back;
-  bag.WriteProperty("Pr2", zv::Variant::i2(300));
-  bag.WriteProperty("Label1", zv::Variant::str("Left"));
-  bag.WriteProperty("ShowSim", zv::Variant::boolean(true));
+  bag.WriteProperty("Pr2", V::i2(300));
+  bag.WriteProperty("Label1", V::str("Left"));
+  bag.WriteProperty("ShowSim", V::boolean(true));
   const auto [names, values] = zvcom::bagArrays(bag);
   zvcom::fillBag(names, values, back);
   EXPECT_EQ(back.entries(), bag.entries());

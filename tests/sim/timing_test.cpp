@@ -2,6 +2,7 @@
 
 #include "fixture.h"
 #include "platform/errors.h"
+#include "tests/common/error_of.h"
 
 namespace {
 
@@ -50,12 +51,7 @@ TEST(Timing, DividerOverflowFailsAndKeepsThePeriod) {
   p.fPeriod = 12.5f;
   p.iPr2 = 255;
   p.iClockDivider = 128; // 256 * 128 does not fit 16 bits
-  try {
-    p.Calc_Period_Freq();
-    FAIL() << "no overflow";
-  } catch (const zv::RuntimeError& e) {
-    EXPECT_EQ(e.number(), zv::errOverflow);
-  }
+  EXPECT_EQ(zvtest::errorOf([&] { p.Calc_Period_Freq(); }), zv::errOverflow);
   EXPECT_EQ(p.fPeriod, 12.5f);
   p.iClockDivider = 127;
   EXPECT_NO_THROW(p.Calc_Period_Freq());

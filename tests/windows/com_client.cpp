@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <functional>
 #include <string>
+#include <type_traits>
 
 #include "avr_pwm.h"
 #include "variants.h"
@@ -41,10 +42,10 @@ std::string answer(HRESULT hr, const Var& result, const Args& args, const std::v
   return s;
 }
 
-Var longVar(LONG x) {
+Var asVar(LONG x) {
   return Var::i4(x);
 }
-Var text(BSTR b) {
+Var asVar(BSTR b) { // takes the string over
   Var r;
   r.v.vt = VT_BSTR;
   r.v.bstrVal = b;
@@ -61,77 +62,45 @@ struct Step {
   const char* want = nullptr; // the answer, where the test knows it
 };
 
-constexpr WORD GET = DISPATCH_PROPERTYGET, PUT = DISPATCH_PROPERTYPUT, CALL = DISPATCH_METHOD;
-
-// Getters of a Long, a String or a Variant, with or without an identifier.
-Step getLong(const wchar_t* n, HRESULT (STDMETHODCALLTYPE V4::*m)(LONG*),
-             const char* want = nullptr) {
+// A getter's out-argument as the late-bound result: a Long, a String or a Variant.
+template <class T> HRESULT into(Var& r, const std::function<HRESULT(T*)>& get) {
+  if constexpr (std::is_same_v<T, VARIANT>) {
+    return get(&r.v);
+  } else {
+    T x{};
+    const HRESULT hr = get(&x);
+    if (SUCCEEDED(hr))
+      r = asVar(x);
+    return hr;
+  }
+}
+template <class T>
+Step get(const wchar_t* n, HRESULT (STDMETHODCALLTYPE V4::*m)(T*), const char* want = nullptr) {
   return {n,
           GET,
           {},
           {},
-          [m](V4* c, Args&, Var& r) {
-            LONG x = 0;
-            HRESULT hr = (c->*m)(&x);
-            r = longVar(x);
-            return hr;
-          },
+          [m](V4* c, Args&, Var& r) { return into<T>(r, [&](T* x) { return (c->*m)(x); }); },
           want};
 }
-Step getLongOf(const wchar_t* n, HRESULT (STDMETHODCALLTYPE V4::*m)(LONG, LONG*), LONG id,
-               const char* want = nullptr) {
-  return {n,
-          GET,
-          {Var::i4(id)},
-          {},
-          [m, id](V4* c, Args&, Var& r) {
-            LONG x = 0;
-            HRESULT hr = (c->*m)(id, &x);
-            if (SUCCEEDED(hr))
-              r = longVar(x);
-            return hr;
-          },
-          want};
-}
-Step getText(const wchar_t* n, HRESULT (STDMETHODCALLTYPE V4::*m)(BSTR*),
-             const char* want = nullptr) {
-  return {n,
-          GET,
-          {},
-          {},
-          [m](V4* c, Args&, Var& r) {
-            BSTR b = nullptr;
-            HRESULT hr = (c->*m)(&b);
-            r = text(b);
-            return hr;
-          },
-          want};
-}
-Step getTextOf(const wchar_t* n, HRESULT (STDMETHODCALLTYPE V4::*m)(LONG, BSTR*), LONG id,
-               const char* want = nullptr) {
-  return {n,
-          GET,
-          {Var::i4(id)},
-          {},
-          [m, id](V4* c, Args&, Var& r) {
-            BSTR b = nullptr;
-            HRESULT hr = (c->*m)(id, &b);
-            r = text(b);
-            return hr;
-          },
-          want};
-}
-Step getVariant(const wchar_t* n, HRESULT (STDMETHODCALLTYPE V4::*m)(VARIANT*),
-                const char* want = nullptr) {
-  return {n, GET, {}, {}, [m](V4* c, Args&, Var& r) { return (c->*m)(&r.v); }, want};
-}
-Step getVariantOf(const wchar_t* n, HRESULT (STDMETHODCALLTYPE V4::*m)(LONG, VARIANT*), LONG id,
-                  const char* want = nullptr) {
-  return {n,   GET, {Var::i4(id)}, {}, [m, id](V4* c, Args&, Var& r) { return (c->*m)(id, &r.v); },
-          want};
+template <class T>
+Step getOf(const wchar_t* n, HRESULT (STDMETHODCALLTYPE V4::*m)(LONG, T*), LONG id,
+           const char* want = nullptr) {
+  return {
+      n,
+      GET,
+      {Var::i4(id)},
+      {},
+      [m, id](V4* c, Args&, Var& r) { return into<T>(r, [&](T* x) { return (c->*m)(id, x); }); },
+      want};
 }
 Step putLong(const wchar_t* n, HRESULT (STDMETHODCALLTYPE V4::*m)(LONG), LONG x) {
   return {n, PUT, {Var::i4(x)}, {}, [m, x](V4* c, Args&, Var&) { return (c->*m)(x); }};
+}
+Step putOf(const wchar_t* n, HRESULT (STDMETHODCALLTYPE V4::*m)(LONG, LONG), LONG id, LONG x) {
+  return {n, PUT, {Var::i4(id), Var::i4(x)}, {}, [m, id, x](V4* c, Args&, Var&) {
+            return (c->*m)(id, x);
+          }};
 }
 Step putText(const wchar_t* n, HRESULT (STDMETHODCALLTYPE V4::*m)(BSTR), const std::wstring& s) {
   return {
@@ -139,6 +108,9 @@ Step putText(const wchar_t* n, HRESULT (STDMETHODCALLTYPE V4::*m)(BSTR), const s
 }
 Step call(const wchar_t* n, HRESULT (STDMETHODCALLTYPE V4::*m)()) {
   return {n, CALL, {}, {}, [m](V4* c, Args&, Var&) { return (c->*m)(); }};
+}
+Step callWith(const wchar_t* n, HRESULT (STDMETHODCALLTYPE V4::*m)(LONG), LONG x) {
+  return {n, CALL, {Var::i4(x)}, {}, [m, x](V4* c, Args&, Var&) { return (c->*m)(x); }};
 }
 
 // The 62 operations in their order, in a sequence that reaches each one's
@@ -150,44 +122,35 @@ std::vector<Step> steps(const std::wstring& device) {
       putLong(L"ZelvorVersion", &V4::put_ZelvorVersion, 1025),
       putText(L"ZvdFilename", &V4::put_ZvdFilename, device),
       putLong(L"ClockSpeed", &V4::put_ClockSpeed, 16000000),
-      getLong(L"MultipleAllowed", &V4::get_MultipleAllowed, "00000000 I4:0"),
-      getVariant(L"MacroNames", &V4::get_MacroNames),
-      getLongOf(L"MacroIsFunction", &V4::get_MacroIsFunction, 2, "00000000 I4:0"),
-      getVariantOf(L"MacroParameters", &V4::get_MacroParameters, 2),
-      getTextOf(L"MacroCode", &V4::get_MacroCode, 2),
-      getLong(L"IsSimulating", &V4::get_IsSimulating, "00000000 I4:0"),
-      getLong(L"PinCount", &V4::get_PinCount, "00000000 I4:0"),
-      getLong(L"HasInitialisation", &V4::get_HasInitialisation),
-      getLong(L"HasInterrupts", &V4::get_HasInterrupts),
-      getLong(L"HasExclusiveInts", &V4::get_HasExclusiveInts, "00000000 I4:0"),
-      getText(L"InitialisationCode", &V4::get_InitialisationCode),
-      getText(L"InterruptCode", &V4::get_InterruptCode),
-      getVariant(L"ExclusiveInterrupts", &V4::get_ExclusiveInterrupts,
-                 "00000000 ARRAY(3)[0..-1]{}"),
-      getTextOf(L"PinName", &V4::get_PinName, 0, "00000000 BSTR:'Pin A0'"),
-      getLongOf(L"DesiredPort", &V4::get_DesiredPort, 0, "00000000 I4:0"),
-      getLongOf(L"DesiredPort", &V4::get_DesiredPort, 1, "800a0009 EMPTY"),
-      getLongOf(L"Direction", &V4::get_Direction, 0, "00000000 I4:2"),
-      getLongOf(L"PortMandatory", &V4::get_PortMandatory, 0, "00000000 I4:0"),
-      getLongOf(L"SamePortAsID", &V4::get_SamePortAsID, 0, "00000000 I4:-1"),
-      getText(L"Description", &V4::get_Description, "00000000 BSTR:'AVR PWM'"),
-      getLongOf(L"DesiredBit", &V4::get_DesiredBit, 0, "00000000 I4:0"),
-      getLongOf(L"BitMandatory", &V4::get_BitMandatory, 0, "00000000 I4:0"),
-      getLongOf(L"Port", &V4::get_Port, 0, "00000000 I4:-1"),
-      {L"Port",
-       PUT,
-       {Var::i4(0), Var::i4(1)},
-       {},
-       [](V4* c, Args&, Var&) { return c->put_Port(0, 1); }},
-      getLongOf(L"Bit", &V4::get_Bit, 0, "00000000 I4:-1"),
-      {L"Bit",
-       PUT,
-       {Var::i4(0), Var::i4(3)},
-       {},
-       [](V4* c, Args&, Var&) { return c->put_Bit(0, 3); }},
-      getLong(L"ConnectedOK", &V4::get_ConnectedOK, "00000000 I4:-1"),
+      get(L"MultipleAllowed", &V4::get_MultipleAllowed, "00000000 I4:0"),
+      get(L"MacroNames", &V4::get_MacroNames),
+      getOf(L"MacroIsFunction", &V4::get_MacroIsFunction, 2, "00000000 I4:0"),
+      getOf(L"MacroParameters", &V4::get_MacroParameters, 2),
+      getOf(L"MacroCode", &V4::get_MacroCode, 2),
+      get(L"IsSimulating", &V4::get_IsSimulating, "00000000 I4:0"),
+      get(L"PinCount", &V4::get_PinCount, "00000000 I4:0"),
+      get(L"HasInitialisation", &V4::get_HasInitialisation),
+      get(L"HasInterrupts", &V4::get_HasInterrupts),
+      get(L"HasExclusiveInts", &V4::get_HasExclusiveInts, "00000000 I4:0"),
+      get(L"InitialisationCode", &V4::get_InitialisationCode),
+      get(L"InterruptCode", &V4::get_InterruptCode),
+      get(L"ExclusiveInterrupts", &V4::get_ExclusiveInterrupts, "00000000 ARRAY(3)[0..-1]{}"),
+      getOf(L"PinName", &V4::get_PinName, 0, "00000000 BSTR:'Pin A0'"),
+      getOf(L"DesiredPort", &V4::get_DesiredPort, 0, "00000000 I4:0"),
+      getOf(L"DesiredPort", &V4::get_DesiredPort, 1, "800a0009 EMPTY"),
+      getOf(L"Direction", &V4::get_Direction, 0, "00000000 I4:2"),
+      getOf(L"PortMandatory", &V4::get_PortMandatory, 0, "00000000 I4:0"),
+      getOf(L"SamePortAsID", &V4::get_SamePortAsID, 0, "00000000 I4:-1"),
+      get(L"Description", &V4::get_Description, "00000000 BSTR:'AVR PWM'"),
+      getOf(L"DesiredBit", &V4::get_DesiredBit, 0, "00000000 I4:0"),
+      getOf(L"BitMandatory", &V4::get_BitMandatory, 0, "00000000 I4:0"),
+      getOf(L"Port", &V4::get_Port, 0, "00000000 I4:-1"),
+      putOf(L"Port", &V4::put_Port, 0, 1),
+      getOf(L"Bit", &V4::get_Bit, 0, "00000000 I4:-1"),
+      putOf(L"Bit", &V4::put_Bit, 0, 3),
+      get(L"ConnectedOK", &V4::get_ConnectedOK, "00000000 I4:-1"),
       call(L"StartSimulation", &V4::StartSimulation),
-      getLongOf(L"SimIODirection", &V4::get_SimIODirection, 0),
+      getOf(L"SimIODirection", &V4::get_SimIODirection, 0),
       {L"SimReadPins",
        CALL,
        {Var()},
@@ -205,23 +168,23 @@ std::vector<Step> steps(const std::wstring& device) {
        [](V4* c, Args& a, Var&) {
          LONG ret = a[2].v.lVal, cycles = a[4].v.lVal;
          HRESULT hr = c->SimMacroCall(2, a[1].v, &ret, &a[3].v, &cycles);
-         a[2] = longVar(ret);
-         a[4] = longVar(cycles);
+         a[2] = Var::i4(ret);
+         a[4] = Var::i4(cycles);
          return hr;
        }},
       call(L"StopSimulation", &V4::StopSimulation),
-      {L"KeyDown", CALL, {Var::i4(1)}, {}, [](V4* c, Args&, Var&) { return c->KeyDown(1); }},
-      {L"KeyUp", CALL, {Var::i4(1)}, {}, [](V4* c, Args&, Var&) { return c->KeyUp(1); }},
-      getLong(L"SupportsKeys", &V4::get_SupportsKeys, "00000000 I4:0"),
-      getLong(L"IsAnalogue", &V4::get_IsAnalogue, "00000000 I4:0"),
-      getLongOf(L"MacroIsPrivate", &V4::get_MacroIsPrivate, 0, "00000000 I4:0"),
+      callWith(L"KeyDown", &V4::KeyDown, 1),
+      callWith(L"KeyUp", &V4::KeyUp, 1),
+      get(L"SupportsKeys", &V4::get_SupportsKeys, "00000000 I4:0"),
+      get(L"IsAnalogue", &V4::get_IsAnalogue, "00000000 I4:0"),
+      getOf(L"MacroIsPrivate", &V4::get_MacroIsPrivate, 0, "00000000 I4:0"),
       putLong(L"PICAnalogueBits", &V4::put_PICAnalogueBits, 10),
       putText(L"ADCCaptureCode", &V4::put_ADCCaptureCode, L"a"),
       putText(L"ADCReadHighCode", &V4::put_ADCReadHighCode, L"b"),
       putText(L"ADCReadLowCode", &V4::put_ADCReadLowCode, L"c"),
       putText(L"TargetController", &V4::put_TargetController, L"ATmega328P"),
       putText(L"ADCReadIntCode", &V4::put_ADCReadIntCode, L"d"),
-      getLong(L"ComponentVersion", &V4::get_ComponentVersion, "00000000 I4:1024"),
+      get(L"ComponentVersion", &V4::get_ComponentVersion, "00000000 I4:1024"),
       {L"GeneralMethod",
        CALL,
        {Var::i4(1), Var::i2(7)},
@@ -232,10 +195,10 @@ std::vector<Step> steps(const std::wstring& device) {
        {Var::i4(1), Var::i2(7)},
        {false, true},
        [](V4* c, Args& a, Var&) { return c->put_GeneralPut(1, &a[1].v); }},
-      getVariantOf(L"GeneralGet", &V4::get_GeneralGet, 5, "00000000 I2:0"),
-      getLong(L"VNodeCount", &V4::get_VNodeCount, "00000000 I4:0"),
-      getLongOf(L"VNodeProtocol", &V4::get_VNodeProtocol, 3, "00000000 I4:0"),
-      getTextOf(L"VNodeName", &V4::get_VNodeName, 3, "00000000 BSTR:''"),
+      getOf(L"GeneralGet", &V4::get_GeneralGet, 5, "00000000 I2:0"),
+      get(L"VNodeCount", &V4::get_VNodeCount, "00000000 I4:0"),
+      getOf(L"VNodeProtocol", &V4::get_VNodeProtocol, 3, "00000000 I4:0"),
+      getOf(L"VNodeName", &V4::get_VNodeName, 3, "00000000 BSTR:''"),
       {L"VNodeMsgRead",
        GET,
        {Var::i4(1), Var::i4(5)},
@@ -243,7 +206,7 @@ std::vector<Step> steps(const std::wstring& device) {
        [](V4* c, Args& a, Var& r) {
          LONG size = a[1].v.lVal;
          HRESULT hr = c->get_VNodeMsgRead(1, &size, &r.v);
-         a[1] = longVar(size);
+         a[1] = Var::i4(size);
          return hr;
        },
        "00000000 ARRAY(17)[0..0]{UI1:0} I4:0"},
@@ -259,9 +222,9 @@ std::vector<Step> steps(const std::wstring& device) {
        {true},
        [](V4* c, Args& a, Var&) { return c->MacroCodeOverride(&a[0].v.bstrVal); },
        "00000000 EMPTY BSTR:'x=1;'"},
-      getText(L"CodeFilename", &V4::get_CodeFilename),
-      getText(L"DefinesCode", &V4::get_DefinesCode),
-      getTextOf(L"ReadCustomImages", &V4::get_ReadCustomImages, 3, "00000000 BSTR:''"),
+      get(L"CodeFilename", &V4::get_CodeFilename),
+      get(L"DefinesCode", &V4::get_DefinesCode),
+      getOf(L"ReadCustomImages", &V4::get_ReadCustomImages, 3, "00000000 BSTR:''"),
       {L"WriteCustomImages",
        PUT,
        {Var::i4(3), Var::str(L"f")},
@@ -274,26 +237,16 @@ std::vector<Step> steps(const std::wstring& device) {
        [](V4* c, Args& a, Var&) {
          LONG cycles = a[4].v.lVal;
          HRESULT hr = c->SimMacroCall2(2, a[1].v, &a[2].v, &a[3].v, &cycles);
-         a[4] = longVar(cycles);
+         a[4] = Var::i4(cycles);
          return hr;
        }},
       call(L"Refresh", &V4::Refresh),
   };
 }
 
-V4* createHost() {
-  CLSID clsid;
-  V4* host = nullptr;
-  if (FAILED(CLSIDFromProgID(L"Zelvor_AVR_PWM.PWM", &clsid)) ||
-      FAILED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IZelvorComponentV4,
-                              reinterpret_cast<void**>(&host))))
-    return nullptr;
-  return host;
-}
-
 void earlyAgainstLate(const std::wstring& device) {
-  V4* early = createHost();
-  V4* late = createHost();
+  V4* early = create<V4>(IID_IZelvorComponentV4);
+  V4* late = create<V4>(IID_IZelvorComponentV4);
   check(early && late, "CoCreateInstance by ProgID, asking for IZelvorComponentV4");
   if (!early || !late)
     return;

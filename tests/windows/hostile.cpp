@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "avr_pwm.h"
+#include "ole_site.h"
 #include "variants.h"
 
 namespace zvtest {
@@ -10,16 +11,6 @@ namespace zvtest {
 using Args = std::vector<Var>;
 
 namespace {
-
-IDispatch* createPwm() {
-  CLSID clsid;
-  IDispatch* pwm = nullptr;
-  if (FAILED(CLSIDFromProgID(L"Zelvor_AVR_PWM.PWM", &clsid)) ||
-      FAILED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
-                              reinterpret_cast<void**>(&pwm))))
-    return nullptr;
-  return pwm;
-}
 
 IDispatch* hostOf(IDispatch* pwm) {
   IDispatch* host = nullptr;
@@ -58,15 +49,15 @@ HRESULT rawInvoke(IDispatch* target, DISPID id, WORD flags, std::vector<VARIANT>
 } // namespace
 
 void hostileArguments() {
-  IDispatch* pwm = createPwm();
+  IDispatch* pwm = create<IDispatch>(IID_IDispatch);
   IDispatch* host = pwm ? hostOf(pwm) : nullptr;
   check(host != nullptr, "the object and its host interface");
   if (!host)
     return;
   // The macro table and a running simulation, for the macro calls below.
   Args version{Var::i4(1024)}, none;
-  callLate(host, L"ZelvorVersion", DISPATCH_PROPERTYPUT, version, {}, nullptr);
-  callLate(host, L"StartSimulation", DISPATCH_METHOD, none, {}, nullptr);
+  callLate(host, L"ZelvorVersion", PUT, version, {}, nullptr);
+  callLate(host, L"StartSimulation", CALL, none, {}, nullptr);
 
   Var inner = Var::i4(5), outer;
   outer.v.vt = VT_BYREF | VT_VARIANT;
@@ -91,71 +82,28 @@ void hostileArguments() {
     HRESULT want; // S_FALSE: any failure
   };
   const Var nested = Var::array({Var::i2(1), Var::array({Var::i2(1)})});
+  const Var duty5 = Var::array({Var::i2(1), Var::i2(128)}, 5);
+  // SimMacroCall's five arguments around the given parameters.
+  const auto macro = [](const Var& p) {
+    return Args{Var::i4(2), p, Var::i4(0), Var(), Var::i4(0)};
+  };
+  constexpr HRESULT kMismatch = DISP_E_TYPEMISMATCH, kCount = DISP_E_BADPARAMCOUNT;
+  constexpr HRESULT kSubscript = static_cast<HRESULT>(0x800A0009);
   const Case cases[] = {
-      {"null for a 16-bit property",
-       pwm,
-       L"Pr2",
-       DISPATCH_PROPERTYPUT,
-       {ofType(VT_NULL)},
-       DISP_E_TYPEMISMATCH},
-      {"an object for a 16-bit property",
-       pwm,
-       L"Pr2",
-       DISPATCH_PROPERTYPUT,
-       {self},
-       DISP_E_TYPEMISMATCH},
-      {"an error value for a Long",
-       host,
-       L"MacroCode",
-       DISPATCH_PROPERTYGET,
-       {ofType(VT_ERROR)},
-       DISP_E_TYPEMISMATCH},
-      {"by-reference of by-reference",
-       host,
-       L"PinName",
-       DISPATCH_PROPERTYGET,
-       {refOfRef},
-       DISP_E_TYPEMISMATCH},
-      {"a null reference", host, L"PinName", DISPATCH_PROPERTYGET, {nullRef}, DISP_E_TYPEMISMATCH},
-      {"a two-dimensional array",
-       host,
-       L"SimWritePins",
-       DISPATCH_METHOD,
-       {twoDimensional()},
-       DISP_E_TYPEMISMATCH},
-      {"a nested array as macro parameters",
-       host,
-       L"SimMacroCall",
-       DISPATCH_METHOD,
-       {Var::i4(2), nested, Var::i4(0), Var(), Var::i4(0)},
-       S_FALSE},
-      {"parameters from lower bound 5",
-       host,
-       L"SimMacroCall",
-       DISPATCH_METHOD,
-       {Var::i4(2), Var::array({Var::i2(1), Var::i2(128)}, 5), Var::i4(0), Var(), Var::i4(0)},
-       static_cast<HRESULT>(0x800A0009)},
-      {"too few arguments",
-       host,
-       L"SimMacroCall",
-       DISPATCH_METHOD,
-       {Var::i4(2)},
-       DISP_E_BADPARAMCOUNT},
-      {"too many arguments",
-       pwm,
-       L"Calc_Period_Freq",
-       DISPATCH_METHOD,
-       {Var::i4(2)},
-       DISP_E_BADPARAMCOUNT},
-      {"a text that is no number",
-       host,
-       L"MacroCode",
-       DISPATCH_PROPERTYGET,
-       {Var::str(L"x")},
-       DISP_E_TYPEMISMATCH},
-      {"a Long out of range", pwm, L"Pr2", DISPATCH_PROPERTYPUT, {Var::i4(70000)}, DISP_E_OVERFLOW},
-      {"a numeric text", pwm, L"Pr2", DISPATCH_PROPERTYPUT, {Var::str(L" 12 ")}, S_OK},
-      {"a text with a NUL inside", pwm, L"Label1", DISPATCH_PROPERTYPUT, {withNul}, S_OK},
+      {"null for a 16-bit property", pwm, L"Pr2", PUT, {ofType(VT_NULL)}, kMismatch},
+      {"an object for a 16-bit property", pwm, L"Pr2", PUT, {self}, kMismatch},
+      {"an error value for a Long", host, L"MacroCode", GET, {ofType(VT_ERROR)}, kMismatch},
+      {"by-reference of by-reference", host, L"PinName", GET, {refOfRef}, kMismatch},
+      {"a null reference", host, L"PinName", GET, {nullRef}, kMismatch},
+      {"a two-dimensional array", host, L"SimWritePins", CALL, {twoDimensional()}, kMismatch},
+      {"a nested array as macro parameters", host, L"SimMacroCall", CALL, macro(nested), S_FALSE},
+      {"parameters from lower bound 5", host, L"SimMacroCall", CALL, macro(duty5), kSubscript},
+      {"too few arguments", host, L"SimMacroCall", CALL, {Var::i4(2)}, kCount},
+      {"too many arguments", pwm, L"Calc_Period_Freq", CALL, {Var::i4(2)}, kCount},
+      {"a text that is no number", host, L"MacroCode", GET, {Var::str(L"x")}, kMismatch},
+      {"a Long out of range", pwm, L"Pr2", PUT, {Var::i4(70000)}, DISP_E_OVERFLOW},
+      {"a numeric text", pwm, L"Pr2", PUT, {Var::str(L" 12 ")}, S_OK},
+      {"a text with a NUL inside", pwm, L"Label1", PUT, {withNul}, S_OK},
   };
   for (const Case& c : cases) {
     Args args = c.args;
@@ -166,7 +114,7 @@ void hostileArguments() {
     check(ok, line);
   }
   Var label;
-  callLate(pwm, L"Label1", DISPATCH_PROPERTYGET, none, {}, &label.v);
+  callLate(pwm, L"Label1", GET, none, {}, &label.v);
   check(label.v.vt == VT_BSTR && SysStringLen(label.v.bstrVal) == 3 && label.v.bstrVal[1] == 0,
         "a NUL inside a text comes back");
 
@@ -200,7 +148,7 @@ void hostileArguments() {
 }
 
 void failuresAndServices() {
-  IDispatch* pwm = createPwm();
+  IDispatch* pwm = create<IDispatch>(IID_IDispatch);
   IZelvorComponentV4* host = nullptr;
   if (pwm)
     pwm->QueryInterface(IID_IZelvorComponentV4, reinterpret_cast<void**>(&host));
@@ -221,44 +169,15 @@ void failuresAndServices() {
   SysFreeString(description);
 
   // A host's message boxes, offered through the client site.
-  struct Site final : IOleClientSite, IServiceProvider, IZelvorMessageBoxes {
-    std::wstring shown;
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override {
-      if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IOleClientSite))
-        *out = static_cast<IOleClientSite*>(this);
-      else if (IsEqualIID(iid, IID_IServiceProvider))
-        *out = static_cast<IServiceProvider*>(this);
-      else
-        return *out = nullptr, E_NOINTERFACE;
-      return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
-    HRESULT STDMETHODCALLTYPE SaveObject() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetContainer(IOleContainer**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE ShowObject() override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE OnShowWindow(BOOL) override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE RequestNewObjectLayout() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE QueryService(REFGUID sid, REFIID iid, void** out) override {
-      *out = nullptr;
-      if (!IsEqualGUID(sid, IID_IZelvorMessageBoxes) || !IsEqualIID(iid, IID_IZelvorMessageBoxes))
-        return E_NOINTERFACE;
-      *out = static_cast<IZelvorMessageBoxes*>(this);
-      return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE Show(BSTR text, BSTR) override {
-      shown = text;
-      return S_OK;
-    }
-  } site;
+  ContainerSite site(nullptr);
   IOleObject* control = nullptr;
   pwm->QueryInterface(IID_IOleObject, reinterpret_cast<void**>(&control));
   check(control && control->SetClientSite(&site) == S_OK, "the client site is taken");
   BSTR file = SysAllocString(L"pic.bmp");
   host->put_WriteCustomImages(3, file);
   SysFreeString(file);
-  check(site.shown == L"id=3  and filename = \r\npic.bmp", "a message box goes to the host");
+  check(!site.messages.empty() && site.messages.back() == L"id=3  and filename = \r\npic.bmp",
+        "a message box goes to the host");
   if (control) {
     control->SetClientSite(nullptr);
     control->Release();

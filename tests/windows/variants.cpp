@@ -76,6 +76,15 @@ std::string show(const VARIANT& v) {
   }
 }
 
+void* createByProgID(REFIID iid) {
+  CLSID clsid;
+  void* object = nullptr;
+  if (FAILED(CLSIDFromProgID(L"Zelvor_AVR_PWM.PWM", &clsid)) ||
+      FAILED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, iid, &object)))
+    return nullptr;
+  return object;
+}
+
 HRESULT callLate(IDispatch* target, const wchar_t* name, WORD flags, std::vector<Var>& args,
                  const std::vector<bool>& refs, VARIANT* result) {
   DISPID id = 0;

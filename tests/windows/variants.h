@@ -1,5 +1,5 @@
-// Test helpers for COM clients: an owning VARIANT, its printed form, and a
-// late-bound call by name.
+// Test helpers for COM clients: an owning VARIANT, its printed form, the
+// object made by its ProgID, and a late-bound call by name.
 #pragma once
 
 #include <oaidl.h>
@@ -27,6 +27,14 @@ struct Var {
 
 // "I4:5", "BSTR:'text'", "EMPTY", "ARRAY(UI1)[0..0]{UI1:0}", ...
 std::string show(const VARIANT& v);
+
+constexpr WORD GET = DISPATCH_PROPERTYGET, PUT = DISPATCH_PROPERTYPUT, CALL = DISPATCH_METHOD;
+
+// A new object of the registered ProgID, asked for the given interface; null when it fails.
+void* createByProgID(REFIID iid);
+template <class I> I* create(REFIID iid) {
+  return static_cast<I*>(createByProgID(iid));
+}
 
 // Calls name through IDispatch. Arguments are given in order; those marked in
 // refs go as by-reference Variants, so results come back into args. A failure
