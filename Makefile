@@ -86,7 +86,7 @@ api-docs: deps
 # Debian packages in build/package; install-test puts the main one on a fresh
 # Debian 12 chroot (root; the base system is kept in ~/.cache/zelvor-install-test).
 package: build
-	if cmake --build build --target help | grep -c '^api-docs:' >/dev/null; then cmake --build build --target api-docs; fi
+	cmake --build build --target api-docs
 	cd build && cpack
 
 install-test: package
