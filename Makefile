@@ -115,7 +115,7 @@ bench: deps
 	./build-release/bin/zelvor-bench
 
 format:
-	find platform component qt host tools tests bench fuzz -name '*.cpp' -o -name '*.h' | xargs clang-format -i
+	find platform component include qt win32 com host tools tests bench fuzz -name '*.cpp' -o -name '*.h' | xargs clang-format -i
 
 clean:
 	rm -rf build build-asan build-release build-fuzz build-windows out
