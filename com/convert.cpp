@@ -12,56 +12,30 @@ namespace {
 // Variants hold arrays of Variants; deeper than this is no argument of ours.
 constexpr int kMaxNesting = 8;
 
+// The element types a SAFEARRAY of ours holds, both ways.
+constexpr struct {
+  VARTYPE vt;
+  zv::VarType type;
+} kElementTypes[] = {
+    {VT_I2, zv::VarType::I2},   {VT_I4, zv::VarType::I4},           {VT_R4, zv::VarType::R4},
+    {VT_R8, zv::VarType::R8},   {VT_BSTR, zv::VarType::BSTR},       {VT_BOOL, zv::VarType::Bool},
+    {VT_UI1, zv::VarType::UI1}, {VT_VARIANT, zv::VarType::Variant},
+};
+
 VARTYPE elementVt(zv::VarType t) {
-  switch (t) {
-  case zv::VarType::I2:
-    return VT_I2;
-  case zv::VarType::I4:
-    return VT_I4;
-  case zv::VarType::R4:
-    return VT_R4;
-  case zv::VarType::R8:
-    return VT_R8;
-  case zv::VarType::BSTR:
-    return VT_BSTR;
-  case zv::VarType::Bool:
-    return VT_BOOL;
-  case zv::VarType::UI1:
-    return VT_UI1;
-  default:
-    return VT_VARIANT;
-  }
+  for (const auto& e : kElementTypes)
+    if (e.type == t)
+      return e.vt;
+  return VT_VARIANT;
 }
 
 bool elementType(VARTYPE vt, zv::VarType& t) {
-  switch (vt) {
-  case VT_I2:
-    t = zv::VarType::I2;
-    return true;
-  case VT_I4:
-    t = zv::VarType::I4;
-    return true;
-  case VT_R4:
-    t = zv::VarType::R4;
-    return true;
-  case VT_R8:
-    t = zv::VarType::R8;
-    return true;
-  case VT_BSTR:
-    t = zv::VarType::BSTR;
-    return true;
-  case VT_BOOL:
-    t = zv::VarType::Bool;
-    return true;
-  case VT_UI1:
-    t = zv::VarType::UI1;
-    return true;
-  case VT_VARIANT:
-    t = zv::VarType::Variant;
-    return true;
-  default:
-    return false;
-  }
+  for (const auto& e : kElementTypes)
+    if (e.vt == vt) {
+      t = e.type;
+      return true;
+    }
+  return false;
 }
 
 zv::Variant wholeOrReal(double v) {

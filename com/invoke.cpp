@@ -72,10 +72,8 @@ bool holdsAlready(const VARIANT& arg, const VARIANT& value) {
   return VarCmp(&mine, const_cast<VARIANT*>(&value), LOCALE_USER_DEFAULT, 0) == VARCMP_EQ;
 }
 
-} // namespace
-
-HRESULT invoke(const InterfaceInfo& info, void* instance, DISPID id, WORD flags, DISPPARAMS* params,
-               VARIANT* result, EXCEPINFO* exception, UINT* argError) {
+HRESULT invokeMember(const InterfaceInfo& info, void* instance, DISPID id, WORD flags,
+                     DISPPARAMS* params, VARIANT* result, EXCEPINFO* exception, UINT* argError) {
   if (!params)
     return E_INVALIDARG;
   const Member* member = info.find(id, flags);
@@ -174,6 +172,8 @@ HRESULT invoke(const InterfaceInfo& info, void* instance, DISPID id, WORD flags,
   return S_OK;
 }
 
+} // namespace
+
 HRESULT typeInfoFor(REFIID iid, UINT index, ITypeInfo** info) {
   if (!info)
     return E_POINTER;
@@ -193,6 +193,16 @@ HRESULT idsOfNames(REFIID iid, LPOLESTR* names, UINT count, DISPID* ids) {
   if (!described)
     return TYPE_E_CANTLOADLIBRARY;
   return DispGetIDsOfNames(described->dispatchInfo, names, count, ids);
+}
+
+HRESULT invoke(REFIID iid, void* instance, REFIID riid, DISPID id, WORD flags, DISPPARAMS* params,
+               VARIANT* result, EXCEPINFO* exception, UINT* argError) {
+  if (!IsEqualIID(riid, IID_NULL))
+    return DISP_E_UNKNOWNINTERFACE;
+  const InterfaceInfo* described = interfaceInfo(iid);
+  if (!described)
+    return TYPE_E_CANTLOADLIBRARY;
+  return invokeMember(*described, instance, id, flags, params, result, exception, argError);
 }
 
 } // namespace zvcom

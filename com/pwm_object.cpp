@@ -1,26 +1,16 @@
 #include "pwm_object.h"
 
 #include "diagnostics.h"
-#include "invoke.h"
-#include "platform/library.h"
 #include "server.h"
 #include "zelvor/plugin.h"
 
 namespace zvcom {
 
-namespace {
-
-std::string libraryBaseName() {
-  return zv::libraryFactsOf(reinterpret_cast<const void*>(&modulePath)).baseName;
-}
-
-} // namespace
-
 void PwmObject::Destroy::operator()(zv::ComponentObject* c) const {
   zelvor_destroy_component(c);
 }
 
-PwmObject::PwmObject() : boxes_(libraryBaseName()) {
+PwmObject::PwmObject() {
   objectCreated();
 }
 
@@ -104,30 +94,6 @@ ULONG PwmObject::Release() {
     delete this;
   }
   return left;
-}
-
-HRESULT PwmObject::GetTypeInfoCount(UINT* count) {
-  if (!count)
-    return E_POINTER;
-  *count = 1;
-  return S_OK;
-}
-
-HRESULT PwmObject::GetTypeInfo(UINT index, LCID, ITypeInfo** info) {
-  return typeInfoFor(IID__PWM, index, info);
-}
-
-HRESULT PwmObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
-  return idsOfNames(IID__PWM, names, count, ids);
-}
-
-HRESULT PwmObject::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPARAMS* params,
-                          VARIANT* result, EXCEPINFO* exception, UINT* argError) {
-  if (!IsEqualIID(iid, IID_NULL))
-    return DISP_E_UNKNOWNINTERFACE;
-  if (!info_ && !(info_ = interfaceInfo(IID__PWM)))
-    return TYPE_E_CANTLOADLIBRARY;
-  return invoke(*info_, static_cast<_PWM*>(this), id, flags, params, result, exception, argError);
 }
 
 HRESULT PwmObject::InterfaceSupportsErrorInfo(REFIID iid) {

@@ -10,14 +10,14 @@
 #include "avr_pwm.h"
 #include "control/ole_control.h"
 #include "failure.h"
+#include "invoke.h"
 #include "site_message_boxes.h"
-#include "type_info.h"
 #include "v4_face.h"
 #include "zelvor/objects.h"
 
 namespace zvcom {
 
-class PwmObject final : public _PWM, public ISupportErrorInfo, public IOleObject {
+class PwmObject final : public Dual<_PWM, IID__PWM>, public ISupportErrorInfo, public IOleObject {
 public:
   // Creates an object (the component's start-up runs) and asks it for iid.
   static HRESULT create(REFIID iid, void** out);
@@ -38,13 +38,6 @@ public:
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
   ULONG STDMETHODCALLTYPE AddRef() override;
   ULONG STDMETHODCALLTYPE Release() override;
-  // IDispatch of _PWM
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** info) override;
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
-                                          DISPID* ids) override;
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPARAMS* params,
-                                   VARIANT* result, EXCEPINFO* exception, UINT* argError) override;
   // ISupportErrorInfo
   HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override;
   // IOleObject (client_site.cpp): the host's services (its message boxes) come
@@ -133,8 +126,7 @@ private:
   std::unique_ptr<zv::ComponentObject, Destroy> component_;
   SiteMessageBoxes boxes_;
   V4Face v4_{*this};
-  OleControl control_{*this};           // the OLE control's faces (com/control/)
-  const InterfaceInfo* info_ = nullptr; // looked up at the first late-bound call
+  OleControl control_{*this}; // the OLE control's faces (com/control/)
 };
 
 } // namespace zvcom

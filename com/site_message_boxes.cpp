@@ -4,8 +4,13 @@
 
 #include "avr_pwm.h"
 #include "convert.h"
+#include "platform/library.h"
+#include "type_info.h"
 
 namespace zvcom {
+
+SiteMessageBoxes::SiteMessageBoxes()
+    : system_(zv::libraryFactsOf(reinterpret_cast<const void*>(&modulePath)).baseName) {}
 
 void SiteMessageBoxes::setSite(IUnknown* site) {
   if (site)

@@ -11,7 +11,8 @@ namespace zvcom {
 
 class SiteMessageBoxes final : public zv::MessageBoxService {
 public:
-  explicit SiteMessageBoxes(std::string defaultTitle) : system_(std::move(defaultTitle)) {}
+  // The system's boxes are titled with this library's base name.
+  SiteMessageBoxes();
   ~SiteMessageBoxes() override { setSite(nullptr); }
   SiteMessageBoxes(const SiteMessageBoxes&) = delete;
   SiteMessageBoxes& operator=(const SiteMessageBoxes&) = delete;

@@ -1,6 +1,5 @@
 #include "v4_face.h"
 
-#include "invoke.h"
 #include "pwm_object.h"
 
 namespace zvcom {
@@ -13,31 +12,6 @@ ULONG V4Face::AddRef() {
 }
 ULONG V4Face::Release() {
   return outer_.Release();
-}
-
-HRESULT V4Face::GetTypeInfoCount(UINT* count) {
-  if (!count)
-    return E_POINTER;
-  *count = 1;
-  return S_OK;
-}
-
-HRESULT V4Face::GetTypeInfo(UINT index, LCID, ITypeInfo** info) {
-  return typeInfoFor(IID_IZelvorComponentV4, index, info);
-}
-
-HRESULT V4Face::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
-  return idsOfNames(IID_IZelvorComponentV4, names, count, ids);
-}
-
-HRESULT V4Face::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPARAMS* params, VARIANT* result,
-                       EXCEPINFO* exception, UINT* argError) {
-  if (!IsEqualIID(iid, IID_NULL))
-    return DISP_E_UNKNOWNINTERFACE;
-  if (!info_ && !(info_ = interfaceInfo(IID_IZelvorComponentV4)))
-    return TYPE_E_CANTLOADLIBRARY;
-  return invoke(*info_, static_cast<::IZelvorComponentV4*>(this), id, flags, params, result,
-                exception, argError);
 }
 
 zv::ComponentObject& V4Face::c() {

@@ -6,14 +6,14 @@
 
 #include "avr_pwm.h"
 #include "convert.h"
-#include "type_info.h"
+#include "invoke.h"
 #include "zelvor/objects.h"
 
 namespace zvcom {
 
 class PwmObject;
 
-class V4Face final : public ::IZelvorComponentV4 {
+class V4Face final : public Dual<::IZelvorComponentV4, IID_IZelvorComponentV4> {
 public:
   explicit V4Face(PwmObject& outer) : outer_(outer) {}
 
@@ -21,13 +21,6 @@ public:
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
   ULONG STDMETHODCALLTYPE AddRef() override;
   ULONG STDMETHODCALLTYPE Release() override;
-  // IDispatch
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** info) override;
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
-                                          DISPID* ids) override;
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPARAMS* params,
-                                   VARIANT* result, EXCEPINFO* exception, UINT* argError) override;
 
   // The operations, in their order.
   HRESULT STDMETHODCALLTYPE get_MultipleAllowed(LONG* result) override;
@@ -104,7 +97,6 @@ private:
   template <class Op> HRESULT variantInOut(VARIANT* io, Op&& op);
 
   PwmObject& outer_;
-  const InterfaceInfo* info_ = nullptr; // looked up at the first late-bound call
 };
 
 } // namespace zvcom

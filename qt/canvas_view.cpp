@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "kept_texts.h"
-#include "platform/controls/line_pixels.h"
 
 namespace zvqt {
 
@@ -134,9 +133,7 @@ private:
     const auto pixel = [](double v) { return static_cast<int>(std::floor(v)); };
     for (const zv::PixelRun& run : zv::linePixels(pixel(p.x() + dx_), pixel(p.y() + dy_),
                                                   pixel(q.x() + dx_), pixel(q.y() + dy_)))
-      fillPixels(QRect(QPoint(std::min(run.x1, run.x2), std::min(run.y1, run.y2)),
-                       QPoint(std::max(run.x1, run.x2), std::max(run.y1, run.y2))),
-                 color);
+      fillPixels(runRect(run), color);
   }
 
   void fillPixels(QRect pixels, zv::Color color) {
@@ -203,6 +200,11 @@ constexpr double kHair = 1.0 / 64;
 
 QColor toQColor(zv::Color color) {
   return QColor((color >> 16) & 255, (color >> 8) & 255, color & 255);
+}
+
+QRect runRect(const zv::PixelRun& run) {
+  return QRect(QPoint(std::min(run.x1, run.x2), std::min(run.y1, run.y2)),
+               QPoint(std::max(run.x1, run.x2), std::max(run.y1, run.y2)));
 }
 
 void paintCanvas(QPainter& painter, const zv::Canvas& canvas, double scale, QImage* target) {

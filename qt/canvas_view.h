@@ -8,11 +8,15 @@
 
 #include "binding.h"
 #include "platform/controls/canvas.h"
+#include "platform/controls/line_pixels.h"
 
 namespace zvqt {
 
 // A model colour (0xRRGGBB) as Qt's.
 QColor toQColor(zv::Color color);
+
+// The pixels of a line's run as one rectangle to fill.
+QRect runRect(const zv::PixelRun& run);
 
 // Paints the canvas with its outer top left at the painter's origin,
 // pixelsPerTwip device-independent pixels to the twip: the view's kept

@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "canvas_view.h"
-#include "platform/controls/line_pixels.h"
 
 namespace zvqt {
 
@@ -40,10 +39,9 @@ void LineView::paintEvent(QPaintEvent*) {
   const QPoint origin = pos();
   const QPoint a = QPoint(twipsToPixels(line_.X1()), twipsToPixels(line_.Y1())) - origin;
   const QPoint b = QPoint(twipsToPixels(line_.X2()), twipsToPixels(line_.Y2())) - origin;
+  const QColor color = toQColor(line_.BorderColor());
   for (const zv::PixelRun& run : zv::linePixels(a.x(), a.y(), b.x(), b.y()))
-    painter.fillRect(QRect(QPoint(std::min(run.x1, run.x2), std::min(run.y1, run.y2)),
-                           QPoint(std::max(run.x1, run.x2), std::max(run.y1, run.y2))),
-                     toQColor(line_.BorderColor()));
+    painter.fillRect(runRect(run), color);
 }
 
 } // namespace zvqt

@@ -10,7 +10,7 @@
 #include <string>
 
 #include "platform/controls/control.h"
-#include "platform/errors.h"
+#include "platform/funnel.h"
 
 namespace zvwin {
 
@@ -27,19 +27,10 @@ private:
   int id_;
 };
 
-// Where failures of user actions go; by default nowhere.
-using ErrorReporter = std::function<void(int number, const std::string& description)>;
-void setErrorReporter(ErrorReporter reporter);
-void reportError(int number, const std::string& description);
-
+// A user's edit reaches the model; a failure inside it stops there, leaving
+// what the model wrote before it, and never leaves the window procedure.
 template <class Action> void runUserAction(Action&& action) noexcept {
-  try {
-    action();
-  } catch (const zv::RuntimeError& e) {
-    reportError(e.number(), e.description());
-  } catch (...) {
-    reportError(51, zv::errorDescription(51));
-  }
+  (void)zv::guard(action);
 }
 
 // Pixels per twip at a window's DPI.

@@ -5,9 +5,8 @@
 #include <prsht.h>
 
 #include "failure.h"
-#include "platform/library.h"
+#include "platform/win/system_msgbox.h"
 #include "server.h"
-#include "type_info.h"
 #include "zelvor/plugin.h"
 
 namespace zvcom {
@@ -17,10 +16,6 @@ const CLSID CLSID_PwmPropertyPage = {
     0x6a1e53c0, 0x3f2b, 0x4c8e, {0x9d, 0x1a, 0x2b, 0x7c, 0x4e, 0x5f, 0x6a, 0x20}};
 
 namespace {
-
-std::string libraryBaseName() {
-  return zv::libraryFactsOf(reinterpret_cast<const void*>(&modulePath)).baseName;
-}
 
 LPOLESTR taskCopy(const std::wstring& text) {
   auto* copy = static_cast<LPOLESTR>(CoTaskMemAlloc((text.size() + 1) * sizeof(wchar_t)));
@@ -35,7 +30,7 @@ void PropertyPage::Destroy::operator()(zv::PageObject* page) const {
   zelvor_destroy_page(page);
 }
 
-PropertyPage::PropertyPage() : boxes_(libraryBaseName()) {
+PropertyPage::PropertyPage() {
   objectCreated();
 }
 
@@ -166,7 +161,7 @@ HRESULT PropertyPage::GetPageInfo(PROPPAGEINFO* info) {
     return E_POINTER;
   const std::string caption = page_->caption();
   info->cb = sizeof *info;
-  info->pszTitle = taskCopy(std::wstring(caption.begin(), caption.end()));
+  info->pszTitle = taskCopy(zv::wideFrom1252(caption));
   info->size = zvwin::PageWindow::pixelSize(*page_, nullptr);
   info->pszDocString = nullptr;
   info->pszHelpFile = nullptr;

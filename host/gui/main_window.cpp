@@ -37,10 +37,6 @@ zv::Variant paramsOf(const std::vector<long>& args) {
   return zv::Variant::array(std::move(a));
 }
 
-QString deviceName(const std::string& path) {
-  return path.empty() ? QObject::tr("no device") : QString::fromStdString(readDevice(path).name);
-}
-
 } // namespace
 
 MainWindow::MainWindow(const Plugin& plugin, const std::string& devicesFolder, QWidget* parent,
@@ -65,7 +61,8 @@ MainWindow::MainWindow(const Plugin& plugin, const std::string& devicesFolder, Q
   leftLayout->addWidget(panelArea_, 1);
   traces_ = new TraceView(left);
   leftLayout->addWidget(traces_);
-  sim_ = new SimPane(deviceFiles(devicesFolder), left);
+  const std::vector<std::string> devices = deviceFiles(devicesFolder);
+  sim_ = new SimPane(devices, left);
   leftLayout->addWidget(sim_);
   tabs_ = new QTabWidget(splitter);
   script_ = new ScriptPane(tabs_);
@@ -78,7 +75,7 @@ MainWindow::MainWindow(const Plugin& plugin, const std::string& devicesFolder, Q
   splitter->setSizes({480, 620});
   setCentralWidget(splitter);
 
-  for (const std::string& path : deviceFiles(devicesFolder))
+  for (const std::string& path : devices)
     if (path.find("ATmega328P") != std::string::npos)
       sim_->setDevice(path);
 
@@ -145,6 +142,18 @@ void MainWindow::refresh(zv::ComponentObject& c) {
     say({}, tr("The panel could not be redrawn"), status);
 }
 
+const DeviceInfo& MainWindow::deviceInfo(const std::string& path) {
+  // The window shows its target after every script line: the file is read
+  // again only when another one is shown.
+  if (path != shownDevice_.first)
+    shownDevice_ = {path, path.empty() ? DeviceInfo{} : readDevice(path)};
+  return shownDevice_.second;
+}
+
+QString MainWindow::deviceName(const std::string& path) {
+  return path.empty() ? tr("no device") : QString::fromStdString(deviceInfo(path).name);
+}
+
 void MainWindow::setDevice(const std::string& path) {
   zv::ComponentObject* c = shown();
   if (!c)
@@ -187,7 +196,7 @@ void MainWindow::showTarget() {
   const Target t = c ? targets_[c] : Target{};
   sim_->setDevice(t.device);
   sim_->setClock(t.clock);
-  const DeviceInfo info = t.device.empty() ? DeviceInfo{} : readDevice(t.device);
+  const DeviceInfo& info = deviceInfo(t.device);
   const QString pins = t.device.empty() ? tr("no device") : QString::fromStdString(pinsText(info));
   sim_->setPins(pins);
   calc_->setTarget(QString::fromStdString(info.name), pins, t.clock);

@@ -13,9 +13,11 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "calc_pane.h"
+#include "devices.h"
 #include "help_window.h"
 #include "host/plugin/loader.h"
 #include "host/plugin/plugin_backend.h"
@@ -91,6 +93,8 @@ private:
   void showComponent();
   void showMacros();
   void showTarget();
+  const DeviceInfo& deviceInfo(const std::string& path);
+  QString deviceName(const std::string& path);
   void showSimulation();
   void setDevice(const std::string& path);
   void setClock(int32_t hz);
@@ -115,6 +119,7 @@ private:
   std::map<zv::ComponentObject*, SimulationRecorder> recorders_; // of the window's own
   std::map<zv::ComponentObject*, Target> targets_;
   std::vector<MacroRow> shownMacros_;
+  std::pair<std::string, DeviceInfo> shownDevice_; // a device file's path and what it holds
   std::string projectPath_;
   std::string savedText_; // the project as last opened or saved
   QScrollArea* panelArea_;

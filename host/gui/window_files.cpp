@@ -201,8 +201,7 @@ bool MainWindow::openProject(const std::string& path, std::string& error) {
   Project project;
   if (!loadProject(path, project, error) || !newComponent(&project, error))
     return false;
-  projectPath_ = path;
-  savedText_ = currentProjectText();
+  projectPath_ = path; // newComponent kept the project's text as saved
   updateTitle();
   return true;
 }

@@ -59,7 +59,9 @@ std::string filled(const Settings& settings, std::string text, bool indent) {
   for (const auto& [mark, value] :
        {std::pair{"%a", &settings.pr2}, std::pair{"%b", &settings.clockSource},
         std::pair{"%d", &settings.altPin}})
-    for (size_t at = text.find(mark); at != std::string::npos; at = text.find(mark, at))
+    // Past what was put in: a value holding a mark is not filled again.
+    for (size_t at = text.find(mark); at != std::string::npos;
+         at = text.find(mark, at + value->size()))
       text.replace(at, 2, *value);
   if (!indent)
     return text;

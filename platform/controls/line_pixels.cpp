@@ -11,6 +11,9 @@ std::vector<PixelRun> linePixels(int x1, int y1, int x2, int y2) {
   const long long steps = xMajor ? dx : dy, rise = xMajor ? dy : dx;
   if (steps == 0)
     return {{x1, y1, x1, y1}};
+  // Along a row or a column: one run, without a step per pixel.
+  if (rise == 0)
+    return {{x1, y1, x2, y2}};
   // One pixel a step along the longer axis; across it, the pixel nearest the
   // exact line, a tie going towards the end.
   const auto across = [&](long long i) { return (2 * rise * i + steps) / (2 * steps); };
