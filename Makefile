@@ -86,7 +86,7 @@ api-docs: deps
 # Debian packages in build/package; install-test puts the main one on a fresh
 # Debian 12 chroot (root; the base system is kept in ~/.cache/zelvor-install-test).
 package: build
-	if cmake --build build --target help | grep -c '^api-docs:' >/dev/null; then cmake --build build --target api-docs; fi
+	cmake --build build --target api-docs
 	cd build && cpack
 
 install-test: package
@@ -115,7 +115,7 @@ bench: deps
 	./build-release/bin/zelvor-bench
 
 format:
-	find platform component qt host tools tests bench fuzz -name '*.cpp' -o -name '*.h' | xargs clang-format -i
+	find platform component include qt win32 com host tools tests bench fuzz -name '*.cpp' -o -name '*.h' | xargs clang-format -i
 
 clean:
 	rm -rf build build-asan build-release build-fuzz build-windows out

@@ -61,11 +61,9 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/help/ DESTINATION ${ZV_DOC_DIR}/hel
 # Debian's registration of those pages; it names them under /usr, the package's prefix.
 install(FILES ${PROJECT_SOURCE_DIR}/packaging/debian/zelvor-avr-pwm-help.doc-base
   DESTINATION ${CMAKE_INSTALL_DATADIR}/doc-base RENAME zelvor-avr-pwm-help COMPONENT runtime)
-# The API reference, where the build makes one.
-if(TARGET api-docs)
-  install(DIRECTORY ${CMAKE_BINARY_DIR}/docs/api/html/ DESTINATION ${ZV_DEV_DOC_DIR}/api
-    COMPONENT dev OPTIONAL)
-endif()
+# The API reference, once api-docs has made it.
+install(DIRECTORY ${CMAKE_BINARY_DIR}/docs/api/html/ DESTINATION ${ZV_DEV_DOC_DIR}/api
+  COMPONENT dev OPTIONAL)
 
 # The public contract: the host interface and the platform it is written in.
 install(TARGETS zelvor-contract EXPORT ZelvorAvrPwmTargets COMPONENT dev)

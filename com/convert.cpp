@@ -3,7 +3,7 @@
 #include <limits>
 
 #include "platform/errors.h"
-#include "platform/win/system_msgbox.h"
+#include "platform/win/wide_text.h"
 
 namespace zvcom {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/controls/widgets.h"
-#include "platform/win/system_msgbox.h"
+#include "platform/win/wide_text.h"
 
 namespace zvwin {
 

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "platform/controls/line_pixels.h"
-#include "platform/win/system_msgbox.h"
+#include "platform/win/wide_text.h"
 
 namespace zvwin {
 

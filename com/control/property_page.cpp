@@ -5,7 +5,7 @@
 #include <prsht.h>
 
 #include "failure.h"
-#include "platform/win/system_msgbox.h"
+#include "platform/win/wide_text.h"
 #include "server.h"
 #include "zelvor/plugin.h"
 

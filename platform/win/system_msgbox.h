@@ -18,9 +18,4 @@ private:
   std::string defaultTitle_;
 };
 
-// Windows-1252 bytes to UTF-16 and back; a character that code page lacks
-// becomes '?'.
-std::wstring wideFrom1252(const std::string& text);
-std::string narrowTo1252(const wchar_t* text, size_t length);
-
 } // namespace zv

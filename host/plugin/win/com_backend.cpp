@@ -8,7 +8,7 @@
 #include "diagnostics_idl.h"
 #include "host/plugin/diagnostic_views.h"
 #include "platform/errors.h"
-#include "platform/win/system_msgbox.h"
+#include "platform/win/wide_text.h"
 
 namespace zvhost {
 
